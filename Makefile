@@ -1,0 +1,26 @@
+# Kelvora: a thin front for the CMake presets. All build logic lives in CMake.
+PRESET ?= default
+BUILD_DIR := build/$(PRESET)
+
+.PHONY: all build run test clean configure
+
+all: build
+
+configure:
+	@tools/packages.sh
+	@test -f $(BUILD_DIR)/build.ninja || cmake --preset $(PRESET)
+
+build: configure
+	cmake --build --preset $(PRESET)
+
+run: build
+	$(BUILD_DIR)/kelvora
+
+test:
+	@tools/packages.sh test
+	@test -f $(BUILD_DIR)/build.ninja || cmake --preset $(PRESET)
+	cmake --build --preset $(PRESET)
+	ctest --preset $(PRESET)
+
+clean:
+	rm -rf build

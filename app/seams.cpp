@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "seams.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <cstdlib>
+
+namespace Seams {
+
+namespace {
+std::function<QString()> folderOverride;
+std::function<QDateTime()> clockOverride;
+std::function<bool(const QString &, const QString &)> yesNoOverride;
+std::function<void(const QString &)> failureOverride;
+} // namespace
+
+QString programmeFolder()
+{
+    if (folderOverride)
+        return folderOverride();
+    return QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
+}
+
+void setProgrammeFolder(std::function<QString()> folder)
+{
+    folderOverride = std::move(folder);
+}
+
+QDateTime now()
+{
+    return clockOverride ? clockOverride() : QDateTime::currentDateTime();
+}
+
+double secondsSinceMidnight()
+{
+    return now().time().msecsSinceStartOfDay() / 1000.0;
+}
+
+void setClock(std::function<QDateTime()> clock)
+{
+    clockOverride = std::move(clock);
+}
+
+bool askYesNoWithMessageBox(const QString &text, const QString &title)
+{
+    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No);
+    box.setDefaultButton(QMessageBox::No);
+    box.setEscapeButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}
+
+bool askYesNo(const QString &text, const QString &title)
+{
+    return yesNoOverride ? yesNoOverride(text, title) : askYesNoWithMessageBox(text, title);
+}
+
+void setYesNo(std::function<bool(const QString &, const QString &)> ask)
+{
+    yesNoOverride = std::move(ask);
+}
+
+void failProgramme(const QString &systemErrorText)
+{
+    if (failureOverride) {
+        failureOverride(systemErrorText);
+    } else {
+        QMessageBox::critical(nullptr, QStringLiteral("Kelvora"), systemErrorText);
+    }
+    // Nothing of the programme runs after a failure.
+    std::exit(EXIT_FAILURE);
+}
+
+void setFailureHandler(std::function<void(const QString &)> handler)
+{
+    failureOverride = std::move(handler);
+}
+
+} // namespace Seams

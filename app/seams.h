@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+
+#include <functional>
+
+// The few places where the programme touches the world outside its screens. Each has a
+// production default; tests put their own in its place.
+namespace Seams {
+
+// Folder of the running executable, with the platform's native separators. Asked for afresh
+// every time a file path is formed.
+QString programmeFolder();
+void setProgrammeFolder(std::function<QString()> folder); // empty function: back to the default
+
+// Clock: seconds since midnight with fractions, and the current date and time.
+double secondsSinceMidnight();
+QDateTime now();
+void setClock(std::function<QDateTime()> clock); // empty function: back to the system clock
+
+// A question with Yes and No, the question icon and No as the default button. True means Yes.
+bool askYesNo(const QString &text, const QString &title);
+void setYesNo(std::function<bool(const QString &text, const QString &title)> ask);
+bool askYesNoWithMessageBox(const QString &text, const QString &title); // the production box
+
+// A failure that ends the programme: the handler reports it and never returns.
+[[noreturn]] void failProgramme(const QString &systemErrorText);
+void setFailureHandler(std::function<void(const QString &)> handler);
+
+} // namespace Seams

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "testsupport.h"
+
+#include "modul1.h"
+#include "screens.h"
+#include "seams.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+void resetProgrammeState()
+{
+    using namespace Modul1;
+    StartPage.clear();
+    FileName.clear();
+    StartFilePath.clear();
+    GradeFilePath.clear();
+    ResultFilePath.clear();
+    CurrentPage = CorrectCount = AnsweredCount = TestCorrectCount = TestAnsweredCount = 0;
+    GradeMin5 = GradeMin4 = GradeMin3 = GradeMin2 = GradeMin1 = 0;
+    TempPos = TempIndex = FinalResumeValue = 0;
+    QuestionIndex = AnswerCorrectFlag = AnswerEvaluated = 0;
+    QuestionStartTime = 0;
+}
+
+TestProgramme::TestProgramme()
+    : now_(QDate(2026, 11, 22), QTime(14, 5, 9))
+{
+    Screens::reset();
+    resetProgrammeState();
+    const QString folder = QDir::toNativeSeparators(dir_.path());
+    Seams::setProgrammeFolder([folder] { return folder; });
+    Seams::setClock([this] { return now_; });
+    Seams::setYesNo([this](const QString &text, const QString &title) {
+        questionsAsked.append({text, title});
+        if (answers.isEmpty())
+            QTest::qFail("a question was asked that the test did not expect", __FILE__, __LINE__);
+        return answers.isEmpty() ? false : answers.takeFirst();
+    });
+    Seams::setFailureHandler([](const QString &text) { throw ProgrammeFailure(text); });
+}
+
+TestProgramme::~TestProgramme()
+{
+    Screens::reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    Seams::setProgrammeFolder({});
+    Seams::setClock({});
+    Seams::setYesNo({});
+    Seams::setFailureHandler({});
+}
+
+QString TestProgramme::folder() const
+{
+    return QDir::toNativeSeparators(dir_.path());
+}
+
+QString TestProgramme::path(const QString &fileName) const
+{
+    return dir_.filePath(fileName);
+}
+
+QByteArray TestProgramme::read(const QString &fileName) const
+{
+    QFile file(path(fileName));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return file.readAll();
+}
+
+void TestProgramme::write(const QString &fileName, const QByteArray &bytes) const
+{
+    QFile file(path(fileName));
+    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        file.write(bytes);
+}
+
+void TestProgramme::setTime(double secondsSinceMidnight)
+{
+    now_ = QDateTime(now_.date(), QTime(0, 0).addMSecs(qRound(secondsSinceMidnight * 1000)));
+}
+
+void TestProgramme::advance(double seconds)
+{
+    now_ = now_.addMSecs(qRound64(seconds * 1000));
+}

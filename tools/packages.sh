@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that building (and, with "test", testing) Kelvora needs. As root it
+# installs what is missing with apt-get; otherwise it prints the one command that would.
+set -euo pipefail
+
+build_packages=(cmake ninja-build g++ qt6-base-dev qt6-svg-dev libqt6svg6-dev libgl-dev
+    qt6-translations-l10n fonts-liberation fonts-dejavu-core)
+test_packages=(xvfb xauth poppler-utils)
+
+packages=("${build_packages[@]}")
+if [[ "${1:-}" == "test" ]]; then
+    packages+=("${test_packages[@]}")
+fi
+
+missing=()
+for p in "${packages[@]}"; do
+    status=$(dpkg-query -W -f='${Status}' "$p" 2>/dev/null || true)
+    [[ "$status" == "install ok installed" ]] || missing+=("$p")
+done
+[[ ${#missing[@]} -eq 0 ]] && exit 0
+
+if [[ $(id -u) -eq 0 ]]; then
+    echo "Installing: ${missing[*]}"
+    export DEBIAN_FRONTEND=noninteractive
+    apt-get update -qq
+    apt-get install -y -qq --no-install-recommends "${missing[@]}"
+else
+    echo "Kelvora needs these packages. Install them with:"
+    echo "  sudo apt-get install ${missing[*]}"
+    exit 1
+fi
