@@ -8,8 +8,7 @@
 #include <QCloseEvent>
 #include <QStyle>
 
-ScreenId pageScreen(int page)
-{
+ScreenId pageScreen(int page) {
     if (page >= 1 && page <= 11)
         return static_cast<ScreenId>(static_cast<int>(ScreenId::Qel1) + page - 1);
     return ScreenId::Qel50;
@@ -17,49 +16,41 @@ ScreenId pageScreen(int page)
 
 Form::Form(ScreenId id, QWidget *parent)
     : QMainWindow(parent)
-    , id_(id)
-{
+    , id_(id) {
     setAttribute(Qt::WA_DeleteOnClose, false);
 }
 
-bool Form::event(QEvent *e)
-{
+bool Form::event(QEvent *e) {
     if (e->type() == QEvent::WindowActivate)
         Screens::activated(this);
     return QMainWindow::event(e);
 }
 
-void Form::closeEvent(QCloseEvent *e)
-{
+void Form::closeEvent(QCloseEvent *e) {
     // The close box unloads the screen; the screen layer ends the programme once none is left.
     e->ignore();
     Screens::unload(this);
 }
 
-QString windowCaption(int blanks, const QString &title)
-{
+QString windowCaption(int blanks, const QString &title) {
     return QStringLiteral("Kelvora") + QString(blanks, QLatin1Char(' ')) + title;
 }
 
-QColor lightGrey()
-{
+QColor lightGrey() {
     return {224, 224, 224};
 }
 
-QColor buttonFace()
-{
+QColor buttonFace() {
     return QApplication::style()->standardPalette().color(QPalette::Button);
 }
 
-void setBackColour(QWidget *w, const QColor &colour)
-{
+void setBackColour(QWidget *w, const QColor &colour) {
     QPalette p = w->palette();
     p.setColor(QPalette::Button, colour);
     w->setPalette(p);
 }
 
-void setActive(QAbstractButton *button, bool active)
-{
+void setActive(QAbstractButton *button, bool active) {
     button->setEnabled(active);
     setBackColour(button, active ? lightGrey() : buttonFace());
 }

@@ -3,10 +3,9 @@
 
 namespace Modul1 {
 
-QString PointsText()
-{
-    return QLatin1Char(' ') + QString::number(CorrectCount) + QLatin1String(" von ")
-           + QString::number(AnsweredCount);
+QString PointsText() {
+    return QLatin1Char(' ') + QString::number(CorrectCount) + QLatin1String(" von ") +
+           QString::number(AnsweredCount);
 }
 
 } // namespace Modul1

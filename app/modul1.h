@@ -36,10 +36,10 @@ inline std::int16_t TempIndex = 0;
 inline std::int16_t FinalResumeValue = 0;
 
 // Flags of the lesson page engine.
-inline std::int16_t QuestionIndex = 0;      // position of the current question on its page, 0..4
-inline std::int16_t AnswerCorrectFlag = 0;  // nonzero when the last evaluation scored
-inline std::int16_t AnswerEvaluated = 0;    // 1 from an evaluation until the next question or try
-inline std::int32_t QuestionStartTime = 0;  // clock seconds, rounded, when the question was shown
+inline std::int16_t QuestionIndex = 0;     // position of the current question on its page, 0..4
+inline std::int16_t AnswerCorrectFlag = 0; // nonzero when the last evaluation scored
+inline std::int16_t AnswerEvaluated = 0;   // 1 from an evaluation until the next question or try
+inline std::int32_t QuestionStartTime = 0; // clock seconds, rounded, when the question was shown
 
 // The points text of the lesson pages, for example " 3 von 4".
 QString PointsText();

@@ -25,25 +25,22 @@ public:
         , page_(page)
         , panel_(panel)
         , beneath_(beneath)
-        , place_(std::move(place))
-    {
+        , place_(std::move(place)) {
         page->installEventFilter(this);
         panel->installEventFilter(this);
         apply();
     }
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *e) override
-    {
-        if ((watched == page_ && e->type() == QEvent::Resize)
-            || (watched == panel_ && e->type() == QEvent::Show))
+    bool eventFilter(QObject *watched, QEvent *e) override {
+        if ((watched == page_ && e->type() == QEvent::Resize) ||
+            (watched == panel_ && e->type() == QEvent::Show))
             apply();
         return false;
     }
 
 private:
-    void apply()
-    {
+    void apply() {
         panel_->setGeometry(place_(page_->rect(), panel_->sizeHint()));
         panel_->raise();
         if (beneath_)
@@ -56,15 +53,13 @@ private:
     std::function<QRect(const QRect &, QSize)> place_;
 };
 
-QRect centred(const QRect &area, QSize size)
-{
+QRect centred(const QRect &area, QSize size) {
     size = size.boundedTo(area.size());
     return {area.center().x() - size.width() / 2, area.center().y() - size.height() / 2,
             size.width(), size.height()};
 }
 
-QPushButton *frameButton(const QString &caption, QWidget *parent)
-{
+QPushButton *frameButton(const QString &caption, QWidget *parent) {
     auto *button = new QPushButton(caption, parent);
     button->setMinimumHeight(32);
     return button;
@@ -83,8 +78,7 @@ const std::array<QString, 11> kOverviewLines = {
     QStringLiteral("Seite 11 (Abschlusstest)"),
 };
 
-Menus buildMenus(QMainWindow *page, bool withPointsEntry)
-{
+Menus buildMenus(QMainWindow *page, bool withPointsEntry) {
     Menus m;
     QMenuBar *bar = page->menuBar();
     m.mnuAns = bar->addMenu(QStringLiteral("&Ansicht"));
@@ -110,36 +104,30 @@ Menus buildMenus(QMainWindow *page, bool withPointsEntry)
     return m;
 }
 
-void connectCheckEntry(QAction *entry, QObject *context, std::function<void()> handler)
-{
+void connectCheckEntry(QAction *entry, QObject *context, std::function<void()> handler) {
     QObject::connect(entry, &QAction::triggered, context, [entry, handler = std::move(handler)] {
         entry->setChecked(!entry->isChecked()); // undo the toggle Qt made on its own
         handler();
     });
 }
 
-void mnuAWeise_Click()
-{
+void mnuAWeise_Click() {
     Screens::show(ScreenId::ArbWei);
 }
 
-void mnuAuflösung_Click()
-{
+void mnuAuflösung_Click() {
     Screens::show(ScreenId::Auflösung);
 }
 
-void mnuVoraus_Click()
-{
+void mnuVoraus_Click() {
     Screens::show(ScreenId::Voraus);
 }
 
-void mnuAutor_Click()
-{
+void mnuAutor_Click() {
     Screens::show(ScreenId::Autor);
 }
 
-ExitFrame buildExitFrame(QWidget *page)
-{
+ExitFrame buildExitFrame(QWidget *page) {
     ExitFrame f;
     f.Picture10 = new QWidget(page);
     f.Picture10->setObjectName(QStringLiteral("Picture10"));
@@ -174,8 +162,7 @@ ExitFrame buildExitFrame(QWidget *page)
     return f;
 }
 
-Overview buildOverview(QWidget *page)
-{
+Overview buildOverview(QWidget *page) {
     Overview o;
     o.Shape6 = new QWidget(page);
     o.Shape6->setObjectName(QStringLiteral("Shape6"));
@@ -211,9 +198,12 @@ Overview buildOverview(QWidget *page)
         return centred(area, size);
     };
     new Placement(page, o.Frame2, place);
-    new Placement(page, o.Shape6, [place, frame = o.Frame2](const QRect &area, QSize) {
-        return place(area, frame->sizeHint()).adjusted(-6, -6, 6, 6);
-    }, o.Frame2);
+    new Placement(
+        page, o.Shape6,
+        [place, frame = o.Frame2](const QRect &area, QSize) {
+            return place(area, frame->sizeHint()).adjusted(-6, -6, 6, 6);
+        },
+        o.Frame2);
 
     o.Shape6->hide();
     o.Frame2->hide();

@@ -9,28 +9,24 @@
 
 SvgView::SvgView(const QString &resource, QWidget *parent)
     : QWidget(parent)
-    , renderer_(new QSvgRenderer(resource, this))
-{
+    , renderer_(new QSvgRenderer(resource, this)) {
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
 }
 
-QSize SvgView::sizeHint() const
-{
+QSize SvgView::sizeHint() const {
     return renderer_->defaultSize();
 }
 
-int SvgView::heightForWidth(int width) const
-{
+int SvgView::heightForWidth(int width) const {
     const QSize size = renderer_->defaultSize();
     if (size.isEmpty())
         return 0;
     return width * size.height() / size.width();
 }
 
-void SvgView::paintEvent(QPaintEvent *)
-{
+void SvgView::paintEvent(QPaintEvent *) {
     QSizeF size = renderer_->defaultSize();
     size.scale(QSizeF(this->size()), Qt::KeepAspectRatio);
     const QRectF target(QPointF((width() - size.width()) / 2, (height() - size.height()) / 2),
@@ -42,8 +38,7 @@ void SvgView::paintEvent(QPaintEvent *)
 
 Picture::Picture(QWidget *parent)
     : QFrame(parent)
-    , label_(new QLabel(this))
-{
+    , label_(new QLabel(this)) {
     setFrameShape(QFrame::Panel);
     setFrameShadow(QFrame::Sunken);
     setAutoFillBackground(true);
@@ -62,20 +57,17 @@ Picture::Picture(QWidget *parent)
 }
 
 Picture::Picture(const QString &html, QWidget *parent)
-    : Picture(parent)
-{
+    : Picture(parent) {
     setText(html);
 }
 
-void Picture::setText(const QString &html)
-{
+void Picture::setText(const QString &html) {
     label_->setText(html);
     label_->setVisible(!html.isEmpty());
     updateAccessibleName();
 }
 
-void Picture::setDrawing(const QString &resource, const QString &description)
-{
+void Picture::setDrawing(const QString &resource, const QString &description) {
     if (!drawing_) {
         drawing_ = new SvgView(resource, this);
         layout()->addWidget(drawing_);
@@ -84,13 +76,11 @@ void Picture::setDrawing(const QString &resource, const QString &description)
     updateAccessibleName();
 }
 
-QString Picture::plainText() const
-{
+QString Picture::plainText() const {
     return QTextDocumentFragment::fromHtml(label_->text()).toPlainText().simplified();
 }
 
-void Picture::updateAccessibleName()
-{
+void Picture::updateAccessibleName() {
     QString name = plainText();
     if (!drawingDescription_.isEmpty())
         name = name.isEmpty() ? drawingDescription_ : name + QLatin1Char(' ') + drawingDescription_;

@@ -20,21 +20,18 @@ struct Layer {
     int generation = 0; // a reset forgets settling that was still queued
 };
 
-Layer &layer()
-{
+Layer &layer() {
     static Layer l;
     return l;
 }
 
-void stopTimers(Form *form)
-{
+void stopTimers(Form *form) {
     const auto timers = form->findChildren<QTimer *>();
     for (QTimer *t : timers)
         t->stop();
 }
 
-void makeActive(Form *form)
-{
+void makeActive(Form *form) {
     Layer &l = layer();
     l.activationOrder.removeAll(form);
     l.activationOrder.append(form);
@@ -46,8 +43,7 @@ void makeActive(Form *form)
 
 // Runs once the handler that unloaded a screen has returned: with no screen left the programme
 // ends; otherwise the screen used last becomes active again.
-void settle()
-{
+void settle() {
     Layer &l = layer();
     l.settlePending = false;
     if (l.ended)
@@ -68,8 +64,7 @@ void settle()
     makeActive(next);
 }
 
-void scheduleSettle()
-{
+void scheduleSettle() {
     Layer &l = layer();
     if (l.settlePending)
         return;
@@ -82,13 +77,11 @@ void scheduleSettle()
 
 } // namespace
 
-void Screens::registerScreen(ScreenId id, Factory factory)
-{
+void Screens::registerScreen(ScreenId id, Factory factory) {
     layer().factories.insert(id, std::move(factory));
 }
 
-Form *Screens::show(ScreenId id)
-{
+Form *Screens::show(ScreenId id) {
     Layer &l = layer();
     if (l.ended)
         return nullptr;
@@ -110,13 +103,11 @@ Form *Screens::show(ScreenId id)
     return form;
 }
 
-void Screens::unload(ScreenId id)
-{
+void Screens::unload(ScreenId id) {
     unload(loaded(id));
 }
 
-void Screens::unload(Form *form)
-{
+void Screens::unload(Form *form) {
     Layer &l = layer();
     if (!form || l.loaded.value(form->screenId()) != form)
         return;
@@ -130,23 +121,19 @@ void Screens::unload(Form *form)
     scheduleSettle();
 }
 
-Form *Screens::loaded(ScreenId id)
-{
+Form *Screens::loaded(ScreenId id) {
     return layer().loaded.value(id);
 }
 
-bool Screens::anyLoaded()
-{
+bool Screens::anyLoaded() {
     return !layer().loaded.isEmpty();
 }
 
-Form *Screens::activeScreen()
-{
+Form *Screens::activeScreen() {
     return layer().active;
 }
 
-void Screens::activated(Form *form)
-{
+void Screens::activated(Form *form) {
     // Activation events can arrive late, after a handler has already shown another screen.
     // Only the screen that still holds the focus once the queue has settled becomes active.
     QPointer<Form> candidate(form);
@@ -160,8 +147,7 @@ void Screens::activated(Form *form)
     });
 }
 
-void Screens::endProgramme()
-{
+void Screens::endProgramme() {
     Layer &l = layer();
     if (l.ended)
         return;
@@ -180,13 +166,11 @@ void Screens::endProgramme()
     QCoreApplication::exit(0);
 }
 
-bool Screens::programmeEnded()
-{
+bool Screens::programmeEnded() {
     return layer().ended;
 }
 
-void Screens::reset()
-{
+void Screens::reset() {
     Layer &l = layer();
     const auto forms = l.loaded.values();
     l.loaded.clear();

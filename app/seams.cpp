@@ -17,53 +17,44 @@ std::function<bool(const QString &, const QString &)> yesNoOverride;
 std::function<void(const QString &)> failureOverride;
 } // namespace
 
-QString programmeFolder()
-{
+QString programmeFolder() {
     if (folderOverride)
         return folderOverride();
     return QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
 }
 
-void setProgrammeFolder(std::function<QString()> folder)
-{
+void setProgrammeFolder(std::function<QString()> folder) {
     folderOverride = std::move(folder);
 }
 
-QDateTime now()
-{
+QDateTime now() {
     return clockOverride ? clockOverride() : QDateTime::currentDateTime();
 }
 
-double secondsSinceMidnight()
-{
+double secondsSinceMidnight() {
     return now().time().msecsSinceStartOfDay() / 1000.0;
 }
 
-void setClock(std::function<QDateTime()> clock)
-{
+void setClock(std::function<QDateTime()> clock) {
     clockOverride = std::move(clock);
 }
 
-bool askYesNoWithMessageBox(const QString &text, const QString &title)
-{
+bool askYesNoWithMessageBox(const QString &text, const QString &title) {
     QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No);
     box.setDefaultButton(QMessageBox::No);
     box.setEscapeButton(QMessageBox::No);
     return box.exec() == QMessageBox::Yes;
 }
 
-bool askYesNo(const QString &text, const QString &title)
-{
+bool askYesNo(const QString &text, const QString &title) {
     return yesNoOverride ? yesNoOverride(text, title) : askYesNoWithMessageBox(text, title);
 }
 
-void setYesNo(std::function<bool(const QString &, const QString &)> ask)
-{
+void setYesNo(std::function<bool(const QString &, const QString &)> ask) {
     yesNoOverride = std::move(ask);
 }
 
-void failProgramme(const QString &systemErrorText)
-{
+void failProgramme(const QString &systemErrorText) {
     if (failureOverride) {
         failureOverride(systemErrorText);
     } else {
@@ -73,8 +64,7 @@ void failProgramme(const QString &systemErrorText)
     std::exit(EXIT_FAILURE);
 }
 
-void setFailureHandler(std::function<void(const QString &)> handler)
-{
+void setFailureHandler(std::function<void(const QString &)> handler) {
     failureOverride = std::move(handler);
 }
 

@@ -10,13 +10,11 @@
 #include <QStyleFactory>
 #include <QTranslator>
 
-void registerShellScreens()
-{
+void registerShellScreens() {
     Screens::registerScreen(ScreenId::Start, [] { return new Start; });
 }
 
-void setUpApplication(QApplication &app)
-{
+void setUpApplication(QApplication &app) {
     app.setApplicationName(QStringLiteral("Kelvora"));
     app.setApplicationVersion(QStringLiteral(KELVORA_VERSION));
     // Fusion draws the light grey of the active buttons on every platform.

@@ -18,8 +18,7 @@
 using namespace Modul1;
 
 Start::Start(QWidget *parent)
-    : Form(ScreenId::Start, parent)
-{
+    : Form(ScreenId::Start, parent) {
     setWindowTitle(QStringLiteral("Kelvora"));
     resize(800, 600);
 
@@ -54,8 +53,8 @@ Start::Start(QWidget *parent)
     titlePalette.setColor(QPalette::WindowText, QColor(0, 60, 120));
     Label1->setPalette(titlePalette);
 
-    Label2 = new QLabel(QStringLiteral("Ein Lernprogramm zum selbständigen Lernen und Üben"),
-                        Shape1);
+    Label2 =
+        new QLabel(QStringLiteral("Ein Lernprogramm zum selbständigen Lernen und Üben"), Shape1);
     QFont subtitleFont = Label2->font();
     subtitleFont.setPointSize(15);
     Label2->setFont(subtitleFont);
@@ -95,8 +94,7 @@ Start::Start(QWidget *parent)
     connect(Command1, &QPushButton::clicked, this, &Start::Command1_Click);
 }
 
-void Start::Form_Activate()
-{
+void Start::Form_Activate() {
     Image3->hide();
     Image5->show();
 
@@ -115,16 +113,24 @@ void Start::Form_Activate()
     GradeMin1 = 96;
 }
 
-void Start::OpenStartPage()
-{
+void Start::OpenStartPage() {
     if (StartPage.isEmpty() || StartPage == QStringLiteral("50")) {
         Screens::show(ScreenId::Start);
         return;
     }
     Screens::unload(this);
     static const std::array<std::pair<const char *, int>, 11> kPages = {{
-        {"1", 1}, {"2", 2}, {"3", 3}, {"4", 4}, {"5", 5}, {"6", 6},
-        {"7", 7}, {"8", 8}, {"9", 9}, {"10", 10}, {"11", 11},
+        {"1", 1},
+        {"2", 2},
+        {"3", 3},
+        {"4", 4},
+        {"5", 5},
+        {"6", 6},
+        {"7", 7},
+        {"8", 8},
+        {"9", 9},
+        {"10", 10},
+        {"11", 11},
     }};
     for (const auto &[text, page] : kPages) {
         if (StartPage == QLatin1String(text)) {
@@ -134,8 +140,7 @@ void Start::OpenStartPage()
     }
 }
 
-void Start::Command1_Click()
-{
+void Start::Command1_Click() {
     Screens::show(ScreenId::Steuerzentrum);
     Screens::unload(this);
 }

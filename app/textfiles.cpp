@@ -15,8 +15,7 @@ constexpr std::array<char16_t, 32> kHighControls = {
     0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
-char encodeOne(QChar c)
-{
+char encodeOne(QChar c) {
     const char16_t u = c.unicode();
     if (u < 0x80 || (u >= 0xA0 && u <= 0xFF))
         return static_cast<char>(u);
@@ -33,8 +32,7 @@ const QByteArray kLineEnd("\r\n");
 
 namespace TextFiles {
 
-QByteArray toWindows1252(const QString &text)
-{
+QByteArray toWindows1252(const QString &text) {
     QByteArray out;
     out.reserve(text.size());
     for (QChar c : text)
@@ -42,8 +40,7 @@ QByteArray toWindows1252(const QString &text)
     return out;
 }
 
-QString fromWindows1252(const QByteArray &bytes)
-{
+QString fromWindows1252(const QByteArray &bytes) {
     QString out;
     out.reserve(bytes.size());
     for (char b : bytes) {
@@ -56,21 +53,18 @@ QString fromWindows1252(const QByteArray &bytes)
     return out;
 }
 
-QString pathInFolder(const QString &folder, const QString &fileName)
-{
+QString pathInFolder(const QString &folder, const QString &fileName) {
     const QChar separator = QDir::separator();
     if (folder.endsWith(separator))
         return folder + fileName;
     return folder + separator + fileName;
 }
 
-QString programmePath(const QString &fileName)
-{
+QString programmePath(const QString &fileName) {
     return pathInFolder(Seams::programmeFolder(), fileName);
 }
 
-std::optional<QString> readFirstItem(const QString &path)
-{
+std::optional<QString> readFirstItem(const QString &path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return std::nullopt;
@@ -92,8 +86,8 @@ std::optional<QString> readFirstItem(const QString &path)
         return text.mid(i + 1, end - i - 1);
     }
     qsizetype end = i;
-    while (end < text.size() && text.at(end) != u',' && text.at(end) != u'\r'
-           && text.at(end) != u'\n')
+    while (end < text.size() && text.at(end) != u',' && text.at(end) != u'\r' &&
+           text.at(end) != u'\n')
         ++end;
     qsizetype last = end;
     while (last > i && (text.at(last - 1) == u' ' || text.at(last - 1) == u'\t'))
@@ -104,44 +98,37 @@ std::optional<QString> readFirstItem(const QString &path)
 } // namespace TextFiles
 
 QuotedItemFile::QuotedItemFile(const QString &path)
-    : file_(path)
-{
+    : file_(path) {
     (void)file_.open(QIODevice::WriteOnly | QIODevice::Truncate);
 }
 
-void QuotedItemFile::write(const QString &item)
-{
+void QuotedItemFile::write(const QString &item) {
     if (file_.isOpen())
         file_.write(QByteArray(1, '"') + TextFiles::toWindows1252(item) + '"' + kLineEnd);
 }
 
-void QuotedItemFile::write(int number)
-{
+void QuotedItemFile::write(int number) {
     if (file_.isOpen())
         file_.write(QByteArray::number(number) + kLineEnd);
 }
 
-void QuotedItemFile::close()
-{
+void QuotedItemFile::close() {
     file_.close();
 }
 
-PrintLine &PrintLine::text(const QString &s)
-{
+PrintLine &PrintLine::text(const QString &s) {
     line_ += s;
     return *this;
 }
 
-PrintLine &PrintLine::number(int n)
-{
+PrintLine &PrintLine::number(int n) {
     const long long value = n;
-    line_ += (value < 0 ? QLatin1Char('-') : QLatin1Char(' ')) + QString::number(value < 0 ? -value : value)
-             + QLatin1Char(' ');
+    line_ += (value < 0 ? QLatin1Char('-') : QLatin1Char(' ')) +
+             QString::number(value < 0 ? -value : value) + QLatin1Char(' ');
     return *this;
 }
 
-PrintLine &PrintLine::nextZone()
-{
+PrintLine &PrintLine::nextZone() {
     constexpr qsizetype zone = 14;
     const qsizetype target = (line_.size() / zone + 1) * zone;
     line_ += QString(target - line_.size(), QLatin1Char(' '));

@@ -26,8 +26,7 @@ const std::array<PageInfo, 10> kPages = {{
 
 } // namespace
 
-const PageInfo &pageInfo(int page)
-{
+const PageInfo &pageInfo(int page) {
     Q_ASSERT(page >= 1 && page <= static_cast<int>(kPages.size()));
     return kPages.at(static_cast<std::size_t>(page - 1));
 }

@@ -23,18 +23,17 @@
 
 using namespace Modul1;
 
-const QString kPaceNote = QStringLiteral("  Hinweis:") + QString(64, QLatin1Char(' '))
-                          + QStringLiteral("Damit du dir bei diesem Lernprogramm viel merken "
-                                           "kannst, ist es")
-                          + QString(10, QLatin1Char(' '))
-                          + QStringLiteral("notwendig, dass  du dir die Fragen gründlich "
-                                           "durchliest, bevor du sie")
-                          + QString(4, QLatin1Char(' ')) + QStringLiteral("beantwortest.")
-                          + QString(146, QLatin1Char(' '))
-                          + QStringLiteral("Du arbeitest also zu hastig!");
+const QString kPaceNote = QStringLiteral("  Hinweis:") + QString(64, QLatin1Char(' ')) +
+                          QStringLiteral("Damit du dir bei diesem Lernprogramm viel merken "
+                                         "kannst, ist es") +
+                          QString(10, QLatin1Char(' ')) +
+                          QStringLiteral("notwendig, dass  du dir die Fragen gründlich "
+                                         "durchliest, bevor du sie") +
+                          QString(4, QLatin1Char(' ')) + QStringLiteral("beantwortest.") +
+                          QString(146, QLatin1Char(' ')) +
+                          QStringLiteral("Du arbeitest also zu hastig!");
 
-QString captionLines(const QString &caption)
-{
+QString captionLines(const QString &caption) {
     static const QRegularExpression longRun(QStringLiteral(" {100,}"));
     static const QRegularExpression run(QStringLiteral(" {3,}"));
     QString shown = caption.trimmed();
@@ -48,8 +47,7 @@ namespace {
 constexpr int kExplanationMs = 10000;
 constexpr int kPaceNoteMs = 5000;
 
-QPushButton *pictureButton(const QString &icon, const QString &name, QWidget *parent)
-{
+QPushButton *pictureButton(const QString &icon, const QString &name, QWidget *parent) {
     auto *button = new QPushButton(parent);
     button->setIcon(QIcon(icon));
     button->setIconSize(QSize(40, 40));
@@ -59,8 +57,7 @@ QPushButton *pictureButton(const QString &icon, const QString &name, QWidget *pa
     return button;
 }
 
-QLabel *heading(const QString &caption, QWidget *parent)
-{
+QLabel *heading(const QString &caption, QWidget *parent) {
     auto *label = new QLabel(captionLines(caption), parent);
     label->setAccessibleName(caption.simplified());
     QFont f = label->font();
@@ -75,13 +72,10 @@ class ClickFilter : public QObject {
 public:
     ClickFilter(QObject *parent, std::function<void()> onClick)
         : QObject(parent)
-        , onClick_(std::move(onClick))
-    {
-    }
+        , onClick_(std::move(onClick)) {}
 
 protected:
-    bool eventFilter(QObject *, QEvent *e) override
-    {
+    bool eventFilter(QObject *, QEvent *e) override {
         if (e->type() == QEvent::MouseButtonRelease)
             onClick_();
         return false;
@@ -91,8 +85,7 @@ private:
     std::function<void()> onClick_;
 };
 
-QString explanationHtml()
-{
+QString explanationHtml() {
     const auto row = [](const QString &what, const QString &text) {
         return QStringLiteral("<tr><td align=\"center\" valign=\"middle\">%1</td>"
                               "<td valign=\"middle\">%2</td></tr>")
@@ -103,29 +96,28 @@ QString explanationHtml()
             .arg(QLatin1String(file));
     };
     return QStringLiteral("<div style=\"font-size:11pt;\"><b>Die Steuerbuttons:</b>"
-                          "<table cellspacing=\"0\" cellpadding=\"2\">")
-           + row(icon("button-next.svg"),
-                 QStringLiteral("Nächste Frage (nach einer richtigen Antwort)"))
-           + row(icon("button-repeat.svg"),
-                 QStringLiteral("Aufgabe wiederholen (nach einer falschen Antwort)"))
-           + row(QStringLiteral("<b>&lt;&lt;</b>"), QStringLiteral("eine Seite zurück"))
-           + row(QStringLiteral("<b>&gt;&gt;</b>"), QStringLiteral("eine Seite weiter"))
-           + row(icon("button-end.svg"), QStringLiteral("Lernprogramm beenden"))
-           + QStringLiteral("</table></div>");
+                          "<table cellspacing=\"0\" cellpadding=\"2\">") +
+           row(icon("button-next.svg"),
+               QStringLiteral("Nächste Frage (nach einer richtigen Antwort)")) +
+           row(icon("button-repeat.svg"),
+               QStringLiteral("Aufgabe wiederholen (nach einer falschen Antwort)")) +
+           row(QStringLiteral("<b>&lt;&lt;</b>"), QStringLiteral("eine Seite zurück")) +
+           row(QStringLiteral("<b>&gt;&gt;</b>"), QStringLiteral("eine Seite weiter")) +
+           row(icon("button-end.svg"), QStringLiteral("Lernprogramm beenden")) +
+           QStringLiteral("</table></div>");
 }
 
 } // namespace
 
 LessonPage::LessonPage(int page, QWidget *parent)
     : Form(pageScreen(page), parent)
-    , info_(pageInfo(page))
-{
+    , info_(pageInfo(page)) {
     buildControls();
 }
 
-void LessonPage::buildControls()
-{
-    setWindowTitle(windowCaption(info_.captionBlanks, QStringLiteral("Seite %1").arg(info_.number)));
+void LessonPage::buildControls() {
+    setWindowTitle(
+        windowCaption(info_.captionBlanks, QStringLiteral("Seite %1").arg(info_.number)));
     resize(800, 600);
     menus = PageFrame::buildMenus(this, true);
 
@@ -144,8 +136,7 @@ void LessonPage::buildControls()
     for (std::size_t i = 0; i < Image1.size(); ++i) {
         Image1[i] = new Picture(questionHtml(bank.questions[i]), central);
         if (!bank.questions[i].drawing.isEmpty())
-            Image1[i]->setDrawing(bank.questions[i].drawing,
-                                  bank.questions[i].drawingDescription);
+            Image1[i]->setDrawing(bank.questions[i].drawing, bank.questions[i].drawingDescription);
         Image1[i]->setObjectName(QStringLiteral("Image1_%1").arg(i));
         grid->addWidget(Image1[i], 0, 1, 1, 2);
         Image1[i]->setVisible(i == 0);
@@ -228,7 +219,8 @@ void LessonPage::buildControls()
     Command4->setAccessibleName(QStringLiteral("Eine Seite weiter (>>)"));
     Command4->setToolTip(QStringLiteral("Eine Seite weiter"));
     Command4->setMinimumSize(56, 56);
-    Command3 = pictureButton(QStringLiteral(":/button-end.svg"), QStringLiteral("Beenden"), central);
+    Command3 =
+        pictureButton(QStringLiteral(":/button-end.svg"), QStringLiteral("Beenden"), central);
     Label6 = new QLabel(QStringLiteral("Punkte:"), central);
     Label9 = new QLabel(central);
     QFont pointsFont = Label9->font();
@@ -292,8 +284,7 @@ void LessonPage::buildControls()
     connect(menus.mnuWo, &QAction::triggered, this, &LessonPage::mnuWo_Click);
 }
 
-void LessonPage::Form_Load()
-{
+void LessonPage::Form_Load() {
     if (info_.firstPage) {
         CorrectCount = 0;
         AnsweredCount = 0;
@@ -305,16 +296,14 @@ void LessonPage::Form_Load()
         Timer2->start();
 }
 
-void LessonPage::Form_Activate()
-{
+void LessonPage::Form_Activate() {
     FileName = QStringLiteral("StartQelB.txt");
     StartFilePath = TextFiles::programmePath(FileName);
     CurrentPage = static_cast<std::int16_t>(info_.number);
     Label9->setText(PointsText());
 }
 
-void LessonPage::FindCurrentQuestion()
-{
+void LessonPage::FindCurrentQuestion() {
     for (std::size_t i = 0; i < Image1.size(); ++i) {
         if (!Image1[i]->isHidden()) {
             QuestionIndex = static_cast<std::int16_t>(i);
@@ -323,8 +312,7 @@ void LessonPage::FindCurrentQuestion()
     }
 }
 
-void LessonPage::EvaluateAnswer()
-{
+void LessonPage::EvaluateAnswer() {
     AnswerEvaluated = 1;
     const QString answer = Text1->text();
     AnsweredCount += 1;
@@ -363,8 +351,7 @@ void LessonPage::EvaluateAnswer()
     Label9->setText(PointsText());
 }
 
-void LessonPage::Command1_Click()
-{
+void LessonPage::Command1_Click() {
     QuestionStartTime = static_cast<std::int32_t>(std::lround(Seams::secondsSinceMidnight()));
     AnswerEvaluated = 0;
     if (QuestionIndex >= 0 && QuestionIndex <= 3) {
@@ -388,26 +375,22 @@ void LessonPage::Command1_Click()
     AnswerCorrectFlag = 0;
 }
 
-void LessonPage::Command2_Click()
-{
+void LessonPage::Command2_Click() {
     Screens::show(info_.previous);
     Screens::unload(this);
 }
 
-void LessonPage::Command3_Click()
-{
+void LessonPage::Command3_Click() {
     exitFrame.Frame10->show();
     exitFrame.Picture10->show();
 }
 
-void LessonPage::Command4_Click()
-{
+void LessonPage::Command4_Click() {
     Screens::show(info_.next);
     Screens::unload(this);
 }
 
-void LessonPage::Command5_Click()
-{
+void LessonPage::Command5_Click() {
     Text1->clear();
     Text1->setFocus();
     for (int i = 0; i <= info_.highestFeedbackIndex; ++i)
@@ -416,8 +399,7 @@ void LessonPage::Command5_Click()
     AnswerEvaluated = 0;
 }
 
-void LessonPage::Command6_Click()
-{
+void LessonPage::Command6_Click() {
     overview.Shape6->hide();
     overview.Frame2->hide();
     if (!Text1->text().isEmpty())
@@ -426,8 +408,7 @@ void LessonPage::Command6_Click()
         Text1->setFocus();
 }
 
-void LessonPage::Command10_Click()
-{
+void LessonPage::Command10_Click() {
     CurrentPage = 50;
     QuotedItemFile file(StartFilePath);
     file.write(QString::number(CurrentPage));
@@ -435,8 +416,7 @@ void LessonPage::Command10_Click()
     Screens::endProgramme();
 }
 
-void LessonPage::Command11_Click()
-{
+void LessonPage::Command11_Click() {
     QuotedItemFile file(StartFilePath);
     file.write(QString::number(CurrentPage));
     if (info_.firstPage) {
@@ -447,8 +427,7 @@ void LessonPage::Command11_Click()
     Screens::endProgramme();
 }
 
-void LessonPage::Command12_Click()
-{
+void LessonPage::Command12_Click() {
     exitFrame.Frame10->hide();
     exitFrame.Picture10->hide();
     if (!Text1->text().isEmpty())
@@ -457,15 +436,13 @@ void LessonPage::Command12_Click()
         Text1->setFocus();
 }
 
-void LessonPage::Label11_Click(int Index)
-{
+void LessonPage::Label11_Click(int Index) {
     Screens::unload(this);
     if (Index >= 0 && Index <= 10)
         Screens::show(pageScreen(Index + 1));
 }
 
-void LessonPage::Text1_Change()
-{
+void LessonPage::Text1_Change() {
     const QString text = Text1->text();
     if (text == QStringLiteral("A") || text == QStringLiteral("a")) {
         Text1->setText(QStringLiteral("A"));
@@ -481,8 +458,7 @@ void LessonPage::Text1_Change()
         EvaluateAnswer();
 }
 
-bool LessonPage::anyVisible(const std::vector<int> &pictures) const
-{
+bool LessonPage::anyVisible(const std::vector<int> &pictures) const {
     // A listed index the page does not have counts as a picture that is not visible.
     for (int i : pictures) {
         if (i >= 0 && i < Image3.size() && !Image3.at(i)->isHidden())
@@ -491,16 +467,14 @@ bool LessonPage::anyVisible(const std::vector<int> &pictures) const
     return false;
 }
 
-void LessonPage::Text1_Click()
-{
+void LessonPage::Text1_Click() {
     if (anyVisible(info_.wrongGroup))
         Command5->setFocus();
     else if (anyVisible(info_.rightGroup))
         Command1->setFocus();
 }
 
-void LessonPage::CheckAnswerPace(int minimumSeconds)
-{
+void LessonPage::CheckAnswerPace(int minimumSeconds) {
     if (Seams::secondsSinceMidnight() < QuestionStartTime + minimumSeconds) {
         Label8->show();
         Timer1->setInterval(kPaceNoteMs);
@@ -511,8 +485,7 @@ void LessonPage::CheckAnswerPace(int minimumSeconds)
     }
 }
 
-void LessonPage::Timer1_Timer()
-{
+void LessonPage::Timer1_Timer() {
     // Timer1 keeps running: its later ticks repeat these harmless steps.
     Label8->hide();
     Command2->setEnabled(true);
@@ -520,8 +493,7 @@ void LessonPage::Timer1_Timer()
     setActive(Command3, true);
 }
 
-void LessonPage::Timer2_Timer()
-{
+void LessonPage::Timer2_Timer() {
     menus.mnuSteuer->setChecked(false);
     Image4->hide();
     Label12->show();
@@ -529,14 +501,12 @@ void LessonPage::Timer2_Timer()
     Timer2->stop();
 }
 
-void LessonPage::Timer3_Timer()
-{
+void LessonPage::Timer3_Timer() {
     Label12->hide();
     Timer3->stop();
 }
 
-void LessonPage::mnuPunkt_Click()
-{
+void LessonPage::mnuPunkt_Click() {
     if (menus.mnuPunkt->isChecked()) {
         Label6->hide();
         Label9->hide();
@@ -548,8 +518,7 @@ void LessonPage::mnuPunkt_Click()
     }
 }
 
-void LessonPage::mnuSteuer_Click()
-{
+void LessonPage::mnuSteuer_Click() {
     if (menus.mnuSteuer->isChecked()) {
         Image4->hide();
         menus.mnuSteuer->setChecked(false);
@@ -559,20 +528,17 @@ void LessonPage::mnuSteuer_Click()
     }
 }
 
-void LessonPage::mnuWo_Click()
-{
+void LessonPage::mnuWo_Click() {
     overview.Shape6->show();
     overview.Frame2->show();
 }
 
-void LessonPage::Tempo()
-{
+void LessonPage::Tempo() {
     // Nothing on the page calls this; it checks the pace of the current question.
     CheckAnswerPace(QuestionIndex == 0 ? 9 : 5);
 }
 
-void registerLessonPages()
-{
+void registerLessonPages() {
     for (int page = 1; page <= 10; ++page)
         Screens::registerScreen(pageScreen(page), [page] { return new LessonPage(page); });
 }

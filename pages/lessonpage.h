@@ -59,9 +59,9 @@ public:
     QLabel *Label5 = nullptr;
     QLabel *Label6 = nullptr;
     QLabel *Label7 = nullptr;
-    QLabel *Label8 = nullptr;  // pace note
-    QLabel *Label9 = nullptr;  // points text
-    QLabel *Label12 = nullptr; // page 1 only: where the explanation can be switched on again
+    QLabel *Label8 = nullptr;        // pace note
+    QLabel *Label9 = nullptr;        // points text
+    QLabel *Label12 = nullptr;       // page 1 only: where the explanation can be switched on again
     QPushButton *Command1 = nullptr; // next question
     QPushButton *Command2 = nullptr; // "<<"
     QPushButton *Command3 = nullptr; // end

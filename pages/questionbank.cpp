@@ -9,8 +9,7 @@ namespace {
 using Q = BankQuestion;
 using F = BankFeedback;
 
-QString s(const char16_t *text)
-{
+QString s(const char16_t *text) {
     return QString::fromUtf16(text);
 }
 
@@ -18,18 +17,15 @@ const QString kRight = QStringLiteral("Richtig!");
 const QString kWrong = QStringLiteral("Falsch!");
 
 // The last two pictures of every page: nothing typed, and a letter other than A, B or C.
-F emptyAnswer()
-{
+F emptyAnswer() {
     return {{}, s(u"Du hast vergessen, etwas einzugeben."), true};
 }
 
-F otherLetter()
-{
+F otherLetter() {
     return {kWrong, s(u"Du darfst nur mit A, B oder C (oder a, b oder c) antworten."), true};
 }
 
-std::array<PageBank, 10> makeBank()
-{
+std::array<PageBank, 10> makeBank() {
     std::array<PageBank, 10> bank;
 
     bank[0].questions = {{
@@ -101,8 +97,7 @@ std::array<PageBank, 10> makeBank()
     return bank;
 }
 
-QString escaped(const QString &text)
-{
+QString escaped(const QString &text) {
     // Bank texts are plain apart from <sub> and <br>; only the ampersand needs care.
     QString out = text;
     out.replace(QLatin1Char('&'), QLatin1String("&amp;"));
@@ -111,23 +106,20 @@ QString escaped(const QString &text)
 
 } // namespace
 
-const PageBank &pageBank(int page)
-{
+const PageBank &pageBank(int page) {
     static const std::array<PageBank, 10> bank = makeBank();
     Q_ASSERT(page >= 1 && page <= 10);
     return bank.at(static_cast<std::size_t>(page - 1));
 }
 
-QString questionHtml(const BankQuestion &q)
-{
+QString questionHtml(const BankQuestion &q) {
     if (q.text.isEmpty())
         return {};
     return QStringLiteral("<div style=\"font-size:13pt; font-weight:600;\">%1</div>")
         .arg(escaped(q.text));
 }
 
-QString optionsHtml(const BankQuestion &q)
-{
+QString optionsHtml(const BankQuestion &q) {
     QString html = QStringLiteral("<div style=\"font-size:12pt;\">");
     if (!q.leadIn.isEmpty())
         html += QStringLiteral("<p style=\"margin-bottom:4px;\">%1</p>").arg(escaped(q.leadIn));
@@ -142,12 +134,12 @@ QString optionsHtml(const BankQuestion &q)
     return html;
 }
 
-QString feedbackHtml(const BankFeedback &f, int page)
-{
+QString feedbackHtml(const BankFeedback &f, int page) {
     QStringList lines;
     if (!f.verdict.isEmpty()) {
         const bool right = f.verdict == kRight;
-        lines << QStringLiteral("<span style=\"font-size:14pt; font-weight:700; color:%1;\">%2</span>")
+        lines << QStringLiteral(
+                     "<span style=\"font-size:14pt; font-weight:700; color:%1;\">%2</span>")
                      .arg(right ? QStringLiteral("#0a6e1e") : QStringLiteral("#b3141e"),
                           escaped(f.verdict));
     }
@@ -162,6 +154,6 @@ QString feedbackHtml(const BankFeedback &f, int page)
         }
         lines << closing;
     }
-    return QStringLiteral("<div style=\"font-size:12pt;\">") + lines.join(QStringLiteral("<br>"))
-           + QStringLiteral("</div>");
+    return QStringLiteral("<div style=\"font-size:12pt;\">") + lines.join(QStringLiteral("<br>")) +
+           QStringLiteral("</div>");
 }

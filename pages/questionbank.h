@@ -19,9 +19,9 @@ struct BankQuestion {
 };
 
 struct BankFeedback {
-    QString verdict;   // "Richtig!", "Falsch!", ... or empty where the picture has none
-    QString body;      // explanation or hint, may be empty
-    bool tryAgain;     // ends with "Antworte noch einmal."
+    QString verdict; // "Richtig!", "Falsch!", ... or empty where the picture has none
+    QString body;    // explanation or hint, may be empty
+    bool tryAgain;   // ends with "Antworte noch einmal."
 };
 
 struct PageBank {

@@ -9,8 +9,7 @@
 #include <QFile>
 #include <QTest>
 
-void resetProgrammeState()
-{
+void resetProgrammeState() {
     using namespace Modul1;
     StartPage.clear();
     FileName.clear();
@@ -25,10 +24,10 @@ void resetProgrammeState()
 }
 
 TestProgramme::TestProgramme()
-    : now_(QDate(2026, 11, 22), QTime(14, 5, 9))
-{
+    : now_(QDate(2026, 11, 22), QTime(14, 5, 9)) {
     Screens::reset();
     resetProgrammeState();
+    ProbeForm::log.clear();
     const QString folder = QDir::toNativeSeparators(dir_.path());
     Seams::setProgrammeFolder([folder] { return folder; });
     Seams::setClock([this] { return now_; });
@@ -41,8 +40,7 @@ TestProgramme::TestProgramme()
     Seams::setFailureHandler([](const QString &text) { throw ProgrammeFailure(text); });
 }
 
-TestProgramme::~TestProgramme()
-{
+TestProgramme::~TestProgramme() {
     Screens::reset();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     Seams::setProgrammeFolder({});
@@ -51,37 +49,52 @@ TestProgramme::~TestProgramme()
     Seams::setFailureHandler({});
 }
 
-QString TestProgramme::folder() const
-{
+QString TestProgramme::folder() const {
     return QDir::toNativeSeparators(dir_.path());
 }
 
-QString TestProgramme::path(const QString &fileName) const
-{
+QString TestProgramme::path(const QString &fileName) const {
     return dir_.filePath(fileName);
 }
 
-QByteArray TestProgramme::read(const QString &fileName) const
-{
+QByteArray TestProgramme::read(const QString &fileName) const {
     QFile file(path(fileName));
     if (!file.open(QIODevice::ReadOnly))
         return {};
     return file.readAll();
 }
 
-void TestProgramme::write(const QString &fileName, const QByteArray &bytes) const
-{
+void TestProgramme::write(const QString &fileName, const QByteArray &bytes) const {
     QFile file(path(fileName));
     if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         file.write(bytes);
 }
 
-void TestProgramme::setTime(double secondsSinceMidnight)
-{
+void TestProgramme::setTime(double secondsSinceMidnight) {
     now_ = QDateTime(now_.date(), QTime(0, 0).addMSecs(qRound(secondsSinceMidnight * 1000)));
 }
 
-void TestProgramme::advance(double seconds)
-{
+void TestProgramme::advance(double seconds) {
     now_ = now_.addMSecs(qRound64(seconds * 1000));
+}
+
+QStringList ProbeForm::log;
+
+ProbeForm::ProbeForm(ScreenId id, const QString &name)
+    : Form(id)
+    , name_(name) {
+    setWindowTitle(name);
+}
+
+void ProbeForm::Form_Load() {
+    log << name_ + QStringLiteral(":load");
+}
+
+void ProbeForm::Form_Activate() {
+    log << name_ + QStringLiteral(":activate");
+}
+
+void registerProbes(const QList<QPair<ScreenId, QString>> &screens) {
+    for (const auto &[id, name] : screens)
+        Screens::registerScreen(id, [id = id, name = name] { return new ProbeForm(id, name); });
 }

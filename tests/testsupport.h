@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "form.h"
+
 #include <QByteArray>
 #include <QDateTime>
 #include <QList>
@@ -12,9 +14,7 @@
 // What a failure that ends the programme raises inside the tests.
 struct ProgrammeFailure : std::runtime_error {
     explicit ProgrammeFailure(const QString &text)
-        : std::runtime_error(text.toStdString())
-    {
-    }
+        : std::runtime_error(text.toStdString()) {}
 };
 
 // A clean programme for one test: a temporary programme folder, a clock the test sets, queued
@@ -46,3 +46,21 @@ private:
 };
 
 void resetProgrammeState();
+
+// A screen that only records what the screen layer does with it, for screens a test does not
+// need in full. Its log lines read "<id>:load" and "<id>:activate".
+class ProbeForm : public Form {
+    Q_OBJECT
+public:
+    explicit ProbeForm(ScreenId id, const QString &name);
+    void Form_Load() override;
+    void Form_Activate() override;
+
+    static QStringList log;
+
+private:
+    QString name_;
+};
+
+// Registers a ProbeForm for each of the screens, named by the given names.
+void registerProbes(const QList<QPair<ScreenId, QString>> &screens);
