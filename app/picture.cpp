@@ -77,7 +77,9 @@ void Picture::setDrawing(const QString &resource, const QString &description) {
 }
 
 QString Picture::plainText() const {
-    return QTextDocumentFragment::fromHtml(label_->text()).toPlainText().simplified();
+    QString text = QTextDocumentFragment::fromHtml(label_->text()).toPlainText();
+    text.remove(QChar::ObjectReplacementCharacter);
+    return text.simplified();
 }
 
 void Picture::updateAccessibleName() {

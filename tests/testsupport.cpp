@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTest>
+#include <QTimer>
 
 void resetProgrammeState() {
     using namespace Modul1;
@@ -97,4 +98,8 @@ void ProbeForm::Form_Activate() {
 void registerProbes(const QList<QPair<ScreenId, QString>> &screens) {
     for (const auto &[id, name] : screens)
         Screens::registerScreen(id, [id = id, name = name] { return new ProbeForm(id, name); });
+}
+
+void fireTimer(QTimer *timer) {
+    QMetaObject::invokeMethod(timer, "timeout", Qt::DirectConnection);
 }

@@ -64,3 +64,7 @@ private:
 
 // Registers a ProbeForm for each of the screens, named by the given names.
 void registerProbes(const QList<QPair<ScreenId, QString>> &screens);
+
+class QTimer;
+// Fires a timer's tick at once, as if its interval had passed.
+void fireTimer(QTimer *timer);
