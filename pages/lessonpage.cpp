@@ -42,6 +42,18 @@ QString captionLines(const QString &caption) {
     return shown;
 }
 
+QString paceNoteLines(const QString &caption) {
+    // The long runs end the heading and the paragraph; the short ones only fill a line.
+    static const QRegularExpression paragraph(QStringLiteral(" {100,}"));
+    static const QRegularExpression line(QStringLiteral(" {40,}"));
+    static const QRegularExpression filler(QStringLiteral(" {3,}"));
+    QString shown = caption.trimmed();
+    shown.replace(paragraph, QStringLiteral("\n\n"));
+    shown.replace(line, QStringLiteral("\n"));
+    shown.replace(filler, QStringLiteral(" "));
+    return shown;
+}
+
 namespace {
 
 constexpr int kExplanationMs = 10000;
@@ -86,25 +98,27 @@ private:
 };
 
 QString explanationHtml() {
-    const auto row = [](const QString &what, const QString &text) {
-        return QStringLiteral("<tr><td align=\"center\" valign=\"middle\">%1</td>"
-                              "<td valign=\"middle\">%2</td></tr>")
+    const auto cell = [](const QString &what, const QString &text) {
+        return QStringLiteral("<td align=\"center\" valign=\"middle\">%1</td>"
+                              "<td valign=\"middle\">%2&nbsp;&nbsp;&nbsp;</td>")
             .arg(what, text);
     };
     const auto icon = [](const char *file) {
-        return QStringLiteral("<img src=\":/%1\" width=\"30\" height=\"30\">")
+        return QStringLiteral("<img src=\":/%1\" width=\"26\" height=\"26\">")
             .arg(QLatin1String(file));
     };
-    return QStringLiteral("<div style=\"font-size:11pt;\"><b>Die Steuerbuttons:</b>"
-                          "<table cellspacing=\"0\" cellpadding=\"2\">") +
-           row(icon("button-next.svg"),
-               QStringLiteral("Nächste Frage (nach einer richtigen Antwort)")) +
-           row(icon("button-repeat.svg"),
-               QStringLiteral("Aufgabe wiederholen (nach einer falschen Antwort)")) +
-           row(QStringLiteral("<b>&lt;&lt;</b>"), QStringLiteral("eine Seite zurück")) +
-           row(QStringLiteral("<b>&gt;&gt;</b>"), QStringLiteral("eine Seite weiter")) +
-           row(icon("button-end.svg"), QStringLiteral("Lernprogramm beenden")) +
-           QStringLiteral("</table></div>");
+    return QStringLiteral("<div style=\"font-size:10pt;\"><b>Die Steuerbuttons:</b>"
+                          "<table cellspacing=\"0\" cellpadding=\"1\"><tr>") +
+           cell(icon("button-next.svg"),
+                QStringLiteral("Nächste Frage (nach einer richtigen Antwort)")) +
+           cell(QStringLiteral("<b>&lt;&lt;</b>"), QStringLiteral("eine Seite zurück")) +
+           QStringLiteral("</tr><tr>") +
+           cell(icon("button-repeat.svg"),
+                QStringLiteral("Aufgabe wiederholen (nach einer falschen Antwort)")) +
+           cell(QStringLiteral("<b>&gt;&gt;</b>"), QStringLiteral("eine Seite weiter")) +
+           QStringLiteral("</tr><tr>") +
+           cell(icon("button-end.svg"), QStringLiteral("Lernprogramm beenden")) +
+           QStringLiteral("<td></td><td></td></tr></table></div>");
 }
 
 } // namespace
@@ -168,7 +182,7 @@ void LessonPage::buildControls() {
     answerRow->addWidget(Label7, 1);
     grid->addLayout(answerRow, 2, 1);
 
-    Label8 = new QLabel(captionLines(kPaceNote), central);
+    Label8 = new QLabel(paceNoteLines(kPaceNote), central);
     Label8->setAccessibleName(kPaceNote.simplified());
     Label8->setWordWrap(true);
     Label8->setFrameShape(QFrame::Box);

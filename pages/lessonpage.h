@@ -86,6 +86,8 @@ private:
 
 // The pace note: one caption in which runs of blanks make the line breaks.
 extern const QString kPaceNote;
+// The pace note as shown: heading, paragraph and closing line.
+QString paceNoteLines(const QString &caption);
 // A caption whose runs of blanks stand for line breaks, as shown on screen.
 QString captionLines(const QString &caption);
 
