@@ -5,6 +5,7 @@
 #include <X11/extensions/Xrandr.h>
 
 #include <algorithm>
+#include <cmath>
 #include <vector>
 
 namespace {
@@ -98,6 +99,16 @@ private:
         return modes;
     }
 
+    // The size of the whole desktop as the server has it now.
+    DisplaySize screenSize() const {
+        Window root = None;
+        int x = 0, y = 0;
+        unsigned width = 0, height = 0, border = 0, depth = 0;
+        if (!XGetGeometry(display_, root_, &root, &x, &y, &width, &height, &border, &depth))
+            return {};
+        return {static_cast<int>(width), static_cast<int>(height)};
+    }
+
     Display *display_;
     Window root_;
     std::vector<Mode> modes_;
@@ -146,14 +157,30 @@ void X11DisplayBackend::change(int width, int height) {
         screenHeight > maxHeight)
         return;
 
-    const int screen = DefaultScreen(display_);
-    const int oldWidth = DisplayWidth(display_, screen);
-    const int oldHeight = DisplayHeight(display_, screen);
-    // The physical size follows the pixels, so that the dots per inch stay as they were.
-    const int widthMm =
-        oldWidth > 0 ? DisplayWidthMM(display_, screen) * screenWidth / oldWidth : 0;
-    const int heightMm =
-        oldHeight > 0 ? DisplayHeightMM(display_, screen) * screenHeight / oldHeight : 0;
+    // Xlib's own record of the screen size is from the time the connection was opened; the
+    // server is asked for the size in force and its physical size.
+    const DisplaySize old = screenSize();
+    int oldWidthMm = 0, oldHeightMm = 0;
+    if (XRRScreenConfiguration *config = XRRGetScreenInfo(display_, root_)) {
+        int count = 0;
+        Rotation rotation = 0;
+        const XRRScreenSize *sizes = XRRConfigSizes(config, &count);
+        const int index = XRRConfigCurrentConfiguration(config, &rotation);
+        if (sizes && index >= 0 && index < count) {
+            oldWidthMm = sideways(rotation) ? sizes[index].mheight : sizes[index].mwidth;
+            oldHeightMm = sideways(rotation) ? sizes[index].mwidth : sizes[index].mheight;
+        }
+        XRRFreeScreenConfigInfo(config);
+    }
+    // The physical size follows the pixels, so that the dots per inch stay as they were; a
+    // server that knows no physical size is given 96 dots per inch.
+    const auto millimetres = [](int pixels, int oldPixels, int oldMm) {
+        if (oldPixels > 0 && oldMm > 0)
+            return std::max(1, oldMm * pixels / oldPixels);
+        return std::max(1, static_cast<int>(std::lround(pixels * 25.4 / 96.0)));
+    };
+    const int widthMm = millimetres(screenWidth, old.width, oldWidthMm);
+    const int heightMm = millimetres(screenHeight, old.height, oldHeightMm);
 
     XErrorHandler previous = XSetErrorHandler(ignoreXError);
     XGrabServer(display_);
@@ -164,9 +191,8 @@ void X11DisplayBackend::change(int width, int height) {
     if (shrinks)
         XRRSetCrtcConfig(display_, resources.p, crtc, CurrentTime, 0, 0, None, RR_Rotate_0, nullptr,
                          0);
-    if (screenWidth != oldWidth || screenHeight != oldHeight)
-        XRRSetScreenSize(display_, root_, screenWidth, screenHeight, std::max(widthMm, 1),
-                         std::max(heightMm, 1));
+    if (screenWidth != old.width || screenHeight != old.height)
+        XRRSetScreenSize(display_, root_, screenWidth, screenHeight, widthMm, heightMm);
     XRRSetCrtcConfig(display_, resources.p, crtc, CurrentTime, crtcInfo->x, crtcInfo->y, wanted->id,
                      crtcInfo->rotation, crtcInfo->outputs, crtcInfo->noutput);
     XUngrabServer(display_);
@@ -187,8 +213,7 @@ DisplaySize X11DisplayBackend::currentSize() {
             }
         }
     }
-    const int screen = DefaultScreen(display_);
-    return {DisplayWidth(display_, screen), DisplayHeight(display_, screen)};
+    return screenSize();
 }
 
 } // namespace
