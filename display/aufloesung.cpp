@@ -62,7 +62,7 @@ QLabel *wrappedLabel(const QString &text, QWidget *parent) {
 Auflösung::Auflösung(QWidget *parent)
     : Form(ScreenId::Auflösung, parent) {
     setWindowTitle(windowCaption(97, QStringLiteral("Bildschirmauflösung")));
-    resize(660, 500);
+    resize(680, 460);
 
     auto *central = new QWidget(this);
     setCentralWidget(central);
@@ -124,24 +124,21 @@ Auflösung::Auflösung(QWidget *parent)
     right->addWidget(Image1, 0, 0, 1, 2);
     right->addWidget(Label4, 1, 0);
     right->addWidget(Label3, 1, 1);
-    right->setRowStretch(2, 1);
+    right->setRowMinimumHeight(2, 18);
+    right->addWidget(Label2, 3, 0, 1, 2);
+    right->setRowStretch(4, 1);
+    right->addWidget(Command2, 5, 1, Qt::AlignRight | Qt::AlignBottom);
 
     auto *middle = new QHBoxLayout;
     middle->setSpacing(24);
     middle->addLayout(left, 2);
     middle->addLayout(right, 3);
 
-    auto *bottom = new QHBoxLayout;
-    bottom->addWidget(Label2, 1);
-    bottom->addSpacing(16);
-    bottom->addWidget(Command2, 0, Qt::AlignBottom);
-
     auto *layout = new QVBoxLayout(central);
     layout->setContentsMargins(20, 16, 20, 16);
     layout->setSpacing(14);
     layout->addWidget(Label1);
     layout->addLayout(middle, 1);
-    layout->addLayout(bottom);
 
     setTabOrder(List1, Command1);
     setTabOrder(Command1, Command2);
