@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "aufloesung.h"
 #include "lessonpage.h"
 #include "screens.h"
 #include "shell.h"
@@ -11,6 +12,7 @@ int main(int argc, char *argv[]) {
 
     registerShellScreens();
     registerLessonPages();
+    registerDisplayScreens();
 
     // The start screen is the programme's entry; the programme ends when its last screen goes.
     Screens::show(ScreenId::Start);

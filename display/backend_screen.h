@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "displaybackend.h"
+
+// Where the programme cannot talk to the display settings (offscreen, Wayland): the primary
+// screen's size in physical pixels, offered as the one mode; a change does nothing.
+std::unique_ptr<DisplayBackend> makeScreenSizeBackend();
+
+// The backend of the platform the programme runs on: Windows' display settings, RandR when Qt
+// talks to an X server that offers it, else the screen size only.
+std::unique_ptr<DisplayBackend> makePlatformDisplayBackend();

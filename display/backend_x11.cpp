@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "backend_x11.h"
+
+#include <X11/Xlib.h>
+#include <X11/extensions/Xrandr.h>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace {
+
+// Xlib's default error handler ends the process; a refused request only means no change.
+int ignoreXError(Display *, XErrorEvent *) {
+    return 0;
+}
+
+template <class T, void (*Free)(T *)> struct XrrPtr {
+    explicit XrrPtr(T *p)
+        : p(p) {}
+    ~XrrPtr() {
+        if (p)
+            Free(p);
+    }
+    XrrPtr(const XrrPtr &) = delete;
+    XrrPtr &operator=(const XrrPtr &) = delete;
+    T *operator->() const { return p; }
+    explicit operator bool() const { return p != nullptr; }
+    T *p;
+};
+using Resources = XrrPtr<XRRScreenResources, XRRFreeScreenResources>;
+using OutputInfo = XrrPtr<XRROutputInfo, XRRFreeOutputInfo>;
+using CrtcInfo = XrrPtr<XRRCrtcInfo, XRRFreeCrtcInfo>;
+
+bool sideways(Rotation rotation) {
+    return (rotation & (RR_Rotate_90 | RR_Rotate_270)) != 0;
+}
+
+class X11DisplayBackend final : public DisplayBackend {
+public:
+    explicit X11DisplayBackend(Display *display)
+        : display_(display)
+        , root_(DefaultRootWindow(display)) {}
+    ~X11DisplayBackend() override { XCloseDisplay(display_); }
+    X11DisplayBackend(const X11DisplayBackend &) = delete;
+    X11DisplayBackend &operator=(const X11DisplayBackend &) = delete;
+
+    std::optional<DisplaySize> mode(int index) override {
+        // Mode 0 starts a new enumeration: the server is asked afresh once, not per mode.
+        if (index == 0)
+            modes_ = outputModes();
+        if (index < 0 || index >= static_cast<int>(modes_.size()))
+            return std::nullopt;
+        return modes_[static_cast<std::size_t>(index)].size;
+    }
+
+    void change(int width, int height) override;
+    DisplaySize currentSize() override;
+
+private:
+    struct Mode {
+        RRMode id;
+        DisplaySize size;
+    };
+
+    // The output the desktop is shown on: the primary one, else the first lit output.
+    RROutput screenOutput(const Resources &resources) const {
+        const RROutput primary = XRRGetOutputPrimary(display_, root_);
+        RROutput first = None;
+        for (int i = 0; i < resources->noutput; ++i) {
+            OutputInfo info(XRRGetOutputInfo(display_, resources.p, resources->outputs[i]));
+            if (!info || info->connection != RR_Connected || info->crtc == None)
+                continue;
+            if (resources->outputs[i] == primary)
+                return primary;
+            if (first == None)
+                first = resources->outputs[i];
+        }
+        return first;
+    }
+
+    std::vector<Mode> outputModes() const {
+        std::vector<Mode> modes;
+        Resources resources(XRRGetScreenResources(display_, root_));
+        if (!resources)
+            return modes;
+        const RROutput output = screenOutput(resources);
+        if (output == None)
+            return modes;
+        OutputInfo info(XRRGetOutputInfo(display_, resources.p, output));
+        for (int i = 0; info && i < info->nmode; ++i) {
+            for (int m = 0; m < resources->nmode; ++m) {
+                const XRRModeInfo &mode = resources->modes[m];
+                if (mode.id == info->modes[i])
+                    modes.push_back(
+                        {mode.id, {static_cast<int>(mode.width), static_cast<int>(mode.height)}});
+            }
+        }
+        return modes;
+    }
+
+    // The size of the whole desktop as the server has it now.
+    DisplaySize screenSize() const {
+        Window root = None;
+        int x = 0, y = 0;
+        unsigned width = 0, height = 0, border = 0, depth = 0;
+        if (!XGetGeometry(display_, root_, &root, &x, &y, &width, &height, &border, &depth))
+            return {};
+        return {static_cast<int>(width), static_cast<int>(height)};
+    }
+
+    Display *display_;
+    Window root_;
+    std::vector<Mode> modes_;
+};
+
+void X11DisplayBackend::change(int width, int height) {
+    const std::vector<Mode> modes = outputModes();
+    const auto wanted = std::find_if(modes.begin(), modes.end(), [&](const Mode &m) {
+        return m.size == DisplaySize{width, height};
+    });
+    if (wanted == modes.end())
+        return;
+
+    Resources resources(XRRGetScreenResources(display_, root_));
+    if (!resources)
+        return;
+    const RROutput output = screenOutput(resources);
+    if (output == None)
+        return;
+    OutputInfo outputInfo(XRRGetOutputInfo(display_, resources.p, output));
+    if (!outputInfo)
+        return;
+    const RRCrtc crtc = outputInfo->crtc;
+    CrtcInfo crtcInfo(XRRGetCrtcInfo(display_, resources.p, crtc));
+    if (!crtcInfo)
+        return;
+
+    // The desktop grows or shrinks to hold the new mode next to every other lit output.
+    const bool turned = sideways(crtcInfo->rotation);
+    const int newWidth = turned ? height : width;
+    const int newHeight = turned ? width : height;
+    int screenWidth = crtcInfo->x + newWidth;
+    int screenHeight = crtcInfo->y + newHeight;
+    for (int i = 0; i < resources->ncrtc; ++i) {
+        if (resources->crtcs[i] == crtc)
+            continue;
+        CrtcInfo other(XRRGetCrtcInfo(display_, resources.p, resources->crtcs[i]));
+        if (other && other->mode != None) {
+            screenWidth = std::max(screenWidth, other->x + static_cast<int>(other->width));
+            screenHeight = std::max(screenHeight, other->y + static_cast<int>(other->height));
+        }
+    }
+    int minWidth = 0, minHeight = 0, maxWidth = 0, maxHeight = 0;
+    if (!XRRGetScreenSizeRange(display_, root_, &minWidth, &minHeight, &maxWidth, &maxHeight) ||
+        screenWidth < minWidth || screenHeight < minHeight || screenWidth > maxWidth ||
+        screenHeight > maxHeight)
+        return;
+
+    // Xlib's own record of the screen size is from the time the connection was opened; the
+    // server is asked for the size in force and its physical size.
+    const DisplaySize old = screenSize();
+    int oldWidthMm = 0, oldHeightMm = 0;
+    if (XRRScreenConfiguration *config = XRRGetScreenInfo(display_, root_)) {
+        int count = 0;
+        Rotation rotation = 0;
+        const XRRScreenSize *sizes = XRRConfigSizes(config, &count);
+        const int index = XRRConfigCurrentConfiguration(config, &rotation);
+        if (sizes && index >= 0 && index < count) {
+            oldWidthMm = sideways(rotation) ? sizes[index].mheight : sizes[index].mwidth;
+            oldHeightMm = sideways(rotation) ? sizes[index].mwidth : sizes[index].mheight;
+        }
+        XRRFreeScreenConfigInfo(config);
+    }
+    // The physical size follows the pixels, so that the dots per inch stay as they were; a
+    // server that knows no physical size is given 96 dots per inch.
+    const auto millimetres = [](int pixels, int oldPixels, int oldMm) {
+        if (oldPixels > 0 && oldMm > 0)
+            return std::max(1, oldMm * pixels / oldPixels);
+        return std::max(1, static_cast<int>(std::lround(pixels * 25.4 / 96.0)));
+    };
+    const int widthMm = millimetres(screenWidth, old.width, oldWidthMm);
+    const int heightMm = millimetres(screenHeight, old.height, oldHeightMm);
+
+    XErrorHandler previous = XSetErrorHandler(ignoreXError);
+    XGrabServer(display_);
+    // An output may not lie outside the desktop even for a moment: when the desktop shrinks it
+    // is switched off first and lit again with the new mode.
+    const bool shrinks = crtcInfo->x + static_cast<int>(crtcInfo->width) > screenWidth ||
+                         crtcInfo->y + static_cast<int>(crtcInfo->height) > screenHeight;
+    if (shrinks)
+        XRRSetCrtcConfig(display_, resources.p, crtc, CurrentTime, 0, 0, None, RR_Rotate_0, nullptr,
+                         0);
+    if (screenWidth != old.width || screenHeight != old.height)
+        XRRSetScreenSize(display_, root_, screenWidth, screenHeight, widthMm, heightMm);
+    XRRSetCrtcConfig(display_, resources.p, crtc, CurrentTime, crtcInfo->x, crtcInfo->y, wanted->id,
+                     crtcInfo->rotation, crtcInfo->outputs, crtcInfo->noutput);
+    XUngrabServer(display_);
+    XSync(display_, False);
+    XSetErrorHandler(previous);
+}
+
+DisplaySize X11DisplayBackend::currentSize() {
+    Resources resources(XRRGetScreenResourcesCurrent(display_, root_));
+    if (resources) {
+        const RROutput output = screenOutput(resources);
+        if (output != None) {
+            OutputInfo outputInfo(XRRGetOutputInfo(display_, resources.p, output));
+            if (outputInfo) {
+                CrtcInfo crtcInfo(XRRGetCrtcInfo(display_, resources.p, outputInfo->crtc));
+                if (crtcInfo && crtcInfo->mode != None)
+                    return {static_cast<int>(crtcInfo->width), static_cast<int>(crtcInfo->height)};
+            }
+        }
+    }
+    return screenSize();
+}
+
+} // namespace
+
+std::unique_ptr<DisplayBackend> makeX11DisplayBackend() {
+    Display *display = XOpenDisplay(nullptr);
+    if (!display)
+        return nullptr;
+    int eventBase = 0, errorBase = 0, major = 0, minor = 0;
+    if (!XRRQueryExtension(display, &eventBase, &errorBase) ||
+        !XRRQueryVersion(display, &major, &minor) || major < 1 || (major == 1 && minor < 2)) {
+        XCloseDisplay(display);
+        return nullptr;
+    }
+    return std::make_unique<X11DisplayBackend>(display);
+}
