@@ -77,8 +77,8 @@ void scheduleSettle() {
 
 } // namespace
 
-void Screens::registerScreen(ScreenId id, Factory factory) {
-    layer().factories.insert(id, std::move(factory));
+void Screens::registerScreen(ScreenId id, const Factory &factory) {
+    layer().factories.insert(id, factory);
 }
 
 Form *Screens::show(ScreenId id) {

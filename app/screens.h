@@ -13,7 +13,7 @@ public:
     using Factory = std::function<Form *()>;
 
     // main() registers how each screen is made; the layer never names a screen class itself.
-    static void registerScreen(ScreenId id, Factory factory);
+    static void registerScreen(ScreenId id, const Factory &factory);
 
     // Shows the screen, creating it (and running its Form_Load) when it is not loaded, and makes
     // it the active screen (running its Form_Activate when it was not the active one already).
