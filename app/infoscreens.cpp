@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "infoscreens.h"
+
+#include "picture.h"
+#include "screens.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+struct InfoLayout {
+    int blanks;
+    const char *title;
+    QSize size;
+    QString (*text)();
+};
+
+InfoLayout layoutOf(ScreenId id) {
+    switch (id) {
+    case ScreenId::ArbWei:
+        return {109, "Arbeitsweise", {760, 580}, &arbWeiText};
+    case ScreenId::Autor:
+        return {100, "Autor und Version", {700, 420}, &autorText};
+    case ScreenId::Voraus:
+    default:
+        return {70, "Voraussetzungen und Besonderheiten", {760, 560}, &vorausText};
+    }
+}
+
+QString icon(const char *resource, const char *name) {
+    return QStringLiteral("<img src='%1' width='22' height='22' alt='%2'>")
+        .arg(QLatin1String(resource), QString::fromUtf8(name));
+}
+
+} // namespace
+
+QString arbWeiText() {
+    return QStringLiteral("<h2 style='margin-top:0'>Arbeitsweise</h2>"
+                          "<p>Auf den Seiten 1 bis 10 stehen jeweils fünf Fragen, die nacheinander "
+                          "erscheinen. Zu jeder Frage gibt es drei Antworten: A, B und C.</p>"
+                          "<ul>"
+                          "<li>Tippe den Buchstaben der richtigen Antwort in das Antwortfeld: "
+                          "<b>A</b>, <b>B</b> oder <b>C</b> (auch <b>a</b>, <b>b</b> und <b>c</b> "
+                          "werden angenommen).</li>"
+                          "<li>Sofort erscheint ein Bild mit der Rückmeldung: „Richtig!“ oder "
+                          "„Falsch!“ mit einem Hinweis.</li>"
+                          "<li>War die Antwort falsch, klicke auf ") +
+           icon(":/button-repeat.svg", "Aufgabe wiederholen") +
+           QStringLiteral(" und versuche es noch einmal.</li>"
+                          "<li>War sie richtig, geht es mit ") +
+           icon(":/button-next.svg", "Nächste Frage") +
+           QStringLiteral(" zur nächsten Frage; nach der fünften Frage zur nächsten Seite."
+                          "</li>"
+                          "<li>Die Punktanzeige zeigt, wie viele Antworten richtig waren und wie "
+                          "viele du gegeben hast, zum Beispiel „3 von 4“. Im Menü „Ansicht“ "
+                          "kannst du sie aus- und einschalten.</li>"
+                          "<li>Mit <b>&lt;&lt;</b> gehst du eine Seite zurück (von Seite 1 "
+                          "zum Steuerzentrum), mit <b>&gt;&gt;</b> eine Seite weiter.</li>"
+                          "<li>Der Button ") +
+           icon(":/button-end.svg", "Beenden") +
+           QStringLiteral(" öffnet den Rahmen „Wie möchtest du beenden?“: „... hier "
+                          "weiterarbeiten“ merkt sich die Seite für den nächsten Start, „... von "
+                          "vorn beginnen“ lässt das nächste Mal vorn anfangen, „Ich möchte nicht "
+                          "beenden“ schließt den Rahmen wieder.</li>"
+                          "<li>„Wo bin ich?“ im Menü „Ansicht“ zeigt alle Seiten im Überblick; "
+                          "ein Klick auf eine Zeile öffnet diese Seite.</li>"
+                          "</ul>"
+                          "<p>Auf Seite 11 folgt der Abschlusstest: zehn Fragen mit je vier "
+                          "Antworten zum Anklicken. Jeder Klick wird bewertet und in der Datei "
+                          "„TestergebnisQel.doc“ festgehalten; danach kannst du dir eine Zensur "
+                          "geben lassen und das Ergebnis ausdrucken.</p>");
+}
+
+QString autorText() {
+    return QStringLiteral("<h2 style='margin-top:0'>Kelvora</h2>"
+                          "<p>Ein Lernprogramm zur elektrischen Leitung in Metallen, Gasen und "
+                          "Halbleitern: Ladungsträger, Emission, Dioden und Transistoren.</p>"
+                          "<p><b>Autor:</b> Kelvora-Team</p>"
+                          "<p><b>Version:</b> %1</p>"
+                          "<p>Freie Software unter der GNU General Public License, Version 3 "
+                          "oder neuer.</p>")
+        .arg(QStringLiteral(KELVORA_VERSION));
+}
+
+QString vorausText() {
+    return QStringLiteral(
+        "<h2 style='margin-top:0'>Voraussetzungen und Besonderheiten</h2>"
+        "<p>Das Programm arbeitet mit den Betriebssystemen WINDOWS 9x, WINDOWS 2000 und Windows "
+        "XP. Diese Ausgabe läuft außerdem unter aktuellen Windows-Versionen und unter Linux.</p>"
+        "<p>Gestartet wird das Programm mit der Datei <b>kelvora</b> (unter Windows "
+        "<b>kelvora.exe</b>). Neben ihr müssen die Programmbibliotheken von Qt 6 liegen: unter "
+        "Windows die Bibliotheken, die windeployqt in den Programmordner legt; unter Linux werden "
+        "die Qt-6-Pakete der Distribution gebraucht.</p>"
+        "<p>Während das Programm läuft, legt es die Datei StartQelB.txt an. Diese Datei darf "
+        "nicht gelöscht werden.</p>"
+        "<p>Wenn der Test auf Seite 11 bearbeitet wird, entsteht die Datei TestergebnisQel.doc "
+        "und, wenn der Button „Zensierung“ angeklickt wird, die Datei ZensurQel.txt. Beide können "
+        "mit einem Texteditor angesehen werden. TestergebnisQel.doc wird auf dem Standarddrucker "
+        "ausgedruckt, wenn der Druckbutton angeklickt wird, oder kann aus einem "
+        "Textverarbeitungsprogramm (z.B. Word, WordPad) heraus gedruckt werden.</p>"
+        "<p>Das Programm sollte von einem beschreibbaren Datenträger aus gestartet werden "
+        "(Festplatte, Diskette, passend formatierte CD oder DVD in einem Brennerlaufwerk, "
+        "USB-Stick). Kann das Programm nicht auf den Datenträger schreiben, fallen einige "
+        "Funktionen aus: So merkt es sich zum Beispiel nicht mehr die Stelle, an der es beendet "
+        "wurde, und die Arbeit kann später nicht dort fortgesetzt werden. Dasselbe gilt, wenn "
+        "Ordner oder Dateien schreibgeschützt sind.</p>");
+}
+
+InfoScreen::InfoScreen(ScreenId id, QWidget *parent)
+    : Form(id, parent) {
+    const InfoLayout info = layoutOf(id);
+    setWindowTitle(windowCaption(info.blanks, QString::fromUtf8(info.title)));
+    resize(info.size);
+
+    auto *central = new QWidget(this);
+    central->setAutoFillBackground(true);
+    QPalette background = central->palette();
+    background.setColor(QPalette::Window, QColor(236, 242, 250));
+    central->setPalette(background);
+    setCentralWidget(central);
+
+    Image1 = new Picture(info.text(), central);
+    QFont pictureFont = Image1->font();
+    pictureFont.setPointSize(11);
+    Image1->setFont(pictureFont);
+
+    Command1 = new QPushButton(central);
+    Command1->setIcon(QIcon(QStringLiteral(":/button-close.svg")));
+    Command1->setIconSize(QSize(36, 36));
+    Command1->setMinimumSize(64, 52);
+    Command1->setAccessibleName(QStringLiteral("Schließen"));
+    Command1->setToolTip(QStringLiteral("Schließen"));
+    Command1->setDefault(true);
+
+    auto *layout = new QVBoxLayout(central);
+    layout->setContentsMargins(16, 16, 16, 12);
+    layout->setSpacing(10);
+    layout->addWidget(Image1, 1);
+    layout->addWidget(Command1, 0, Qt::AlignRight);
+
+    connect(Command1, &QPushButton::clicked, this, &InfoScreen::Command1_Click);
+}
+
+void InfoScreen::Command1_Click() {
+    Screens::unload(this);
+}
