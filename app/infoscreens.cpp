@@ -22,7 +22,7 @@ InfoLayout layoutOf(ScreenId id) {
     case ScreenId::ArbWei:
         return {109, "Arbeitsweise", {760, 580}, &arbWeiText};
     case ScreenId::Autor:
-        return {100, "Autor und Version", {700, 420}, &autorText};
+        return {100, "Autor und Version", {700, 520}, &autorText};
     case ScreenId::Voraus:
     default:
         return {70, "Voraussetzungen und Besonderheiten", {760, 560}, &vorausText};
@@ -30,47 +30,57 @@ InfoLayout layoutOf(ScreenId id) {
 }
 
 QString icon(const char *resource, const char *name) {
-    return QStringLiteral("<img src='%1' width='22' height='22' alt='%2'>")
+    return QStringLiteral("<img src='%1' width='26' height='26' alt='%2'>")
         .arg(QLatin1String(resource), QString::fromUtf8(name));
+}
+
+// One step of the way of working: what the pupil sees or presses, and what it does.
+QString step(const QString &what, const QString &explanation) {
+    return QStringLiteral("<tr><td align='center' valign='middle' width='90'>%1</td>"
+                          "<td valign='middle'>%2</td></tr>")
+        .arg(what, explanation);
 }
 
 } // namespace
 
 QString arbWeiText() {
     return QStringLiteral("<h2 style='margin-top:0'>Arbeitsweise</h2>"
-                          "<p>Auf den Seiten 1 bis 10 stehen jeweils fünf Fragen, die nacheinander "
-                          "erscheinen. Zu jeder Frage gibt es drei Antworten: A, B und C.</p>"
-                          "<ul>"
-                          "<li>Tippe den Buchstaben der richtigen Antwort in das Antwortfeld: "
-                          "<b>A</b>, <b>B</b> oder <b>C</b> (auch <b>a</b>, <b>b</b> und <b>c</b> "
-                          "werden angenommen).</li>"
-                          "<li>Sofort erscheint ein Bild mit der Rückmeldung: „Richtig!“ oder "
-                          "„Falsch!“ mit einem Hinweis.</li>"
-                          "<li>War die Antwort falsch, klicke auf ") +
-           icon(":/button-repeat.svg", "Aufgabe wiederholen") +
-           QStringLiteral(" und versuche es noch einmal.</li>"
-                          "<li>War sie richtig, geht es mit ") +
-           icon(":/button-next.svg", "Nächste Frage") +
-           QStringLiteral(" zur nächsten Frage; nach der fünften Frage zur nächsten Seite."
-                          "</li>"
-                          "<li>Die Punktanzeige zeigt, wie viele Antworten richtig waren und wie "
-                          "viele du gegeben hast, zum Beispiel „3 von 4“. Im Menü „Ansicht“ "
-                          "kannst du sie aus- und einschalten.</li>"
-                          "<li>Mit <b>&lt;&lt;</b> gehst du eine Seite zurück (von Seite 1 "
-                          "zum Steuerzentrum), mit <b>&gt;&gt;</b> eine Seite weiter.</li>"
-                          "<li>Der Button ") +
-           icon(":/button-end.svg", "Beenden") +
-           QStringLiteral(" öffnet den Rahmen „Wie möchtest du beenden?“: „... hier "
-                          "weiterarbeiten“ merkt sich die Seite für den nächsten Start, „... von "
-                          "vorn beginnen“ lässt das nächste Mal vorn anfangen, „Ich möchte nicht "
-                          "beenden“ schließt den Rahmen wieder.</li>"
-                          "<li>„Wo bin ich?“ im Menü „Ansicht“ zeigt alle Seiten im Überblick; "
-                          "ein Klick auf eine Zeile öffnet diese Seite.</li>"
-                          "</ul>"
+                          "<p>Auf den Seiten 1 bis 10 stehen jeweils fünf Fragen, die "
+                          "nacheinander erscheinen. Zu jeder Frage gibt es drei Antworten: A, B "
+                          "und C.</p>"
+                          "<table cellspacing='0' cellpadding='4'>") +
+           step(QStringLiteral("<b>A B C</b>"),
+                QStringLiteral("Tippe den Buchstaben der richtigen Antwort in das "
+                               "Antwortfeld: <b>A</b>, <b>B</b> oder <b>C</b> (auch <b>a</b>, "
+                               "<b>b</b> und <b>c</b> werden angenommen). Sofort erscheint ein "
+                               "Bild mit der Rückmeldung: „Richtig!“ oder „Falsch!“ mit einem "
+                               "Hinweis.")) +
+           step(icon(":/button-repeat.svg", "Aufgabe wiederholen"),
+                QStringLiteral("War die Antwort falsch, klicke hier und versuche es noch "
+                               "einmal.")) +
+           step(icon(":/button-next.svg", "Nächste Frage"),
+                QStringLiteral("War sie richtig, geht es hier zur nächsten Frage; nach der "
+                               "fünften Frage zur nächsten Seite.")) +
+           step(QStringLiteral("<b>3&nbsp;von&nbsp;4</b>"),
+                QStringLiteral("Die Punktanzeige zeigt, wie viele Antworten richtig waren und "
+                               "wie viele du gegeben hast. Im Menü „Ansicht“ kannst du sie "
+                               "aus- und einschalten.")) +
+           step(QStringLiteral("<b>&lt;&lt;&nbsp;&nbsp;&gt;&gt;</b>"),
+                QStringLiteral("Eine Seite zurück (von Seite 1 zum Steuerzentrum) oder eine "
+                               "Seite weiter.")) +
+           step(icon(":/button-end.svg", "Beenden"),
+                QStringLiteral("Öffnet den Rahmen „Wie möchtest du beenden?“: „... hier "
+                               "weiterarbeiten“ merkt sich die Seite für den nächsten Start, "
+                               "„... von vorn beginnen“ lässt das nächste Mal vorn anfangen, "
+                               "„Ich möchte nicht beenden“ schließt den Rahmen wieder.")) +
+           step(QStringLiteral("<b>Wo&nbsp;bin&nbsp;ich?</b>"),
+                QStringLiteral("Im Menü „Ansicht“: zeigt alle Seiten im Überblick; ein Klick "
+                               "auf eine Zeile öffnet diese Seite.")) +
+           QStringLiteral("</table>"
                           "<p>Auf Seite 11 folgt der Abschlusstest: zehn Fragen mit je vier "
                           "Antworten zum Anklicken. Jeder Klick wird bewertet und in der Datei "
-                          "„TestergebnisQel.doc“ festgehalten; danach kannst du dir eine Zensur "
-                          "geben lassen und das Ergebnis ausdrucken.</p>");
+                          "„TestergebnisQel.doc“ festgehalten; danach kannst du dir eine "
+                          "Zensur geben lassen und das Ergebnis ausdrucken.</p>");
 }
 
 QString autorText() {
@@ -125,6 +135,11 @@ InfoScreen::InfoScreen(ScreenId id, QWidget *parent)
     QFont pictureFont = Image1->font();
     pictureFont.setPointSize(11);
     Image1->setFont(pictureFont);
+    Image1->setFrameStyle(QFrame::Box | QFrame::Plain);
+    if (id == ScreenId::Autor)
+        Image1->setDrawing(QStringLiteral(":/title.svg"),
+                           QStringLiteral("Titelbild: Elektronen im Metall, Glühemission und "
+                                          "Transistor"));
 
     Command1 = new QPushButton(central);
     Command1->setIcon(QIcon(QStringLiteral(":/button-close.svg")));

@@ -156,6 +156,7 @@ Steuerzentrum::Steuerzentrum(QWidget *parent)
     QFont pictureFont = Image1->font();
     pictureFont.setPointSize(11);
     Image1->setFont(pictureFont);
+    Image1->setFrameStyle(QFrame::Box | QFrame::Plain);
 
     Command2 = new QPushButton(QStringLiteral("Lernprogramm-Start"), central);
     QFont buttonFont = Command2->font();
@@ -166,9 +167,12 @@ Steuerzentrum::Steuerzentrum(QWidget *parent)
     setBackColour(Command2, lightGrey());
 
     Frame1 = new QGroupBox(QStringLiteral("Kelvora"), central);
+    QFont frameFont = Frame1->font();
+    frameFont.setPointSize(11);
+    Frame1->setFont(frameFont);
     auto *options = new QVBoxLayout(Frame1);
-    options->setContentsMargins(18, 12, 18, 12);
-    options->setSpacing(4);
+    options->setContentsMargins(24, 14, 24, 14);
+    options->setSpacing(6);
     optionGroup_ = new QButtonGroup(this);
     int column = 0;
     for (std::size_t i = 0; i < Option1.size(); ++i) {
