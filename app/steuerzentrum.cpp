@@ -107,6 +107,12 @@ void TopicOption::paintEvent(QPaintEvent *) {
                          reference_, foregroundRole());
 }
 
+bool TopicOption::hitButton(const QPoint &pos) const {
+    // The whole line up to the end of the page reference chooses the topic.
+    const int end = column_ + fontMetrics().horizontalAdvance(reference_) + 4;
+    return QRect(0, 0, end, height()).contains(pos) || QRadioButton::hitButton(pos);
+}
+
 void TopicOption::keyPressEvent(QKeyEvent *e) {
     int step = 0;
     switch (e->key()) {

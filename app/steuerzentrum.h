@@ -25,12 +25,14 @@ public:
     QString pageReference() const { return reference_; }
     // Where the page references start, measured from the left edge of the option.
     void setReferenceColumn(int x);
+    int referenceColumn() const { return column_; }
     int naturalReferenceColumn() const;
     QSize sizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent *e) override;
     void keyPressEvent(QKeyEvent *e) override;
+    bool hitButton(const QPoint &pos) const override;
 
 private:
     int textStart() const;

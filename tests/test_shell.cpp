@@ -64,6 +64,12 @@ void clickOption(TopicOption *option) {
     QTest::mouseClick(option, Qt::LeftButton, {}, QPoint(8, option->height() / 2));
 }
 
+// A click on the page reference at the right end of the line.
+void clickReference(TopicOption *option) {
+    QTest::mouseClick(option, Qt::LeftButton, {},
+                      QPoint(option->referenceColumn() + 10, option->height() / 2));
+}
+
 // Answers the next modal message box: `inspect` sees it first, then `act` answers it.
 void whenBoxAppears(std::function<void(QMessageBox *)> inspect,
                     std::function<void(QMessageBox *)> act) {
@@ -226,7 +232,7 @@ void TestShell::centreOpensTarget() {
     if (index < 0)
         QTest::mouseClick(centre->Command2, Qt::LeftButton);
     else
-        clickOption(centre->Option1.at(static_cast<std::size_t>(index)));
+        clickReference(centre->Option1.at(static_cast<std::size_t>(index)));
 
     QCOMPARE(arrivals.size(), 1);
     QCOMPARE(int(arrivals[0].id), target);
@@ -386,7 +392,6 @@ void TestShell::germanQuestionBox_data() {
     QTest::addRow("Enter") << QStringLiteral("Enter") << false;
     QTest::addRow("Escape") << QStringLiteral("Escape") << false;
     QTest::addRow("click Ja") << QStringLiteral("Ja") << true;
-    QTest::addRow("click Nein") << QStringLiteral("Nein") << false;
 }
 
 void TestShell::germanQuestionBox() {
