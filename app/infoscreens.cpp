@@ -156,6 +156,10 @@ InfoScreen::InfoScreen(ScreenId id, QWidget *parent)
     layout->addWidget(Command1, 0, Qt::AlignRight);
 
     connect(Command1, &QPushButton::clicked, this, &InfoScreen::Command1_Click);
+
+    // The screen opens over the page it was chosen from.
+    if (const Form *page = Screens::activeScreen())
+        move(page->geometry().center() - rect().center());
 }
 
 void InfoScreen::Command1_Click() {
