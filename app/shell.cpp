@@ -29,11 +29,19 @@ void setUpApplication(QApplication &app) {
 
     // The programme speaks German whatever the system's language: Qt's own buttons too ("&Ja",
     // "&Nein"). Without the translation files the buttons stay English and nothing else changes.
+    // Qt's own folder first, then the "translations" folder that windeployqt puts beside the
+    // programme.
     static QTranslator *qtTexts = nullptr;
     if (!qtTexts) {
         qtTexts = new QTranslator(&app);
-        if (qtTexts->load(QStringLiteral("qtbase_de"),
-                          QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-            QCoreApplication::installTranslator(qtTexts);
+        const QStringList folders = {QLibraryInfo::path(QLibraryInfo::TranslationsPath),
+                                     QCoreApplication::applicationDirPath() +
+                                         QStringLiteral("/translations")};
+        for (const QString &folder : folders) {
+            if (qtTexts->load(QStringLiteral("qtbase_de"), folder)) {
+                QCoreApplication::installTranslator(qtTexts);
+                break;
+            }
+        }
     }
 }
