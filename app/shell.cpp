@@ -1,17 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell.h"
 
+#include "infoscreens.h"
+#include "qel50.h"
 #include "screens.h"
 #include "start.h"
+#include "steuerzentrum.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
-#include <QLocale>
 #include <QStyleFactory>
 #include <QTranslator>
 
 void registerShellScreens() {
     Screens::registerScreen(ScreenId::Start, [] { return new Start; });
+    Screens::registerScreen(ScreenId::Steuerzentrum, [] { return new Steuerzentrum; });
+    Screens::registerScreen(ScreenId::Qel50, [] { return new Qel50; });
+    Screens::registerScreen(ScreenId::ArbWei, [] { return new InfoScreen(ScreenId::ArbWei); });
+    Screens::registerScreen(ScreenId::Autor, [] { return new InfoScreen(ScreenId::Autor); });
+    Screens::registerScreen(ScreenId::Voraus, [] { return new InfoScreen(ScreenId::Voraus); });
 }
 
 void setUpApplication(QApplication &app) {
@@ -19,4 +26,22 @@ void setUpApplication(QApplication &app) {
     app.setApplicationVersion(QStringLiteral(KELVORA_VERSION));
     // Fusion draws the light grey of the active buttons on every platform.
     app.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+
+    // The programme speaks German whatever the system's language: Qt's own buttons too ("&Ja",
+    // "&Nein"). Without the translation files the buttons stay English and nothing else changes.
+    // Qt's own folder first, then the "translations" folder that windeployqt puts beside the
+    // programme.
+    static QTranslator *qtTexts = nullptr;
+    if (!qtTexts) {
+        qtTexts = new QTranslator(&app);
+        const QStringList folders = {QLibraryInfo::path(QLibraryInfo::TranslationsPath),
+                                     QCoreApplication::applicationDirPath() +
+                                         QStringLiteral("/translations")};
+        for (const QString &folder : folders) {
+            if (qtTexts->load(QStringLiteral("qtbase_de"), folder)) {
+                QCoreApplication::installTranslator(qtTexts);
+                break;
+            }
+        }
+    }
 }

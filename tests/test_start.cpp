@@ -19,8 +19,8 @@ void registerTargets() {
         {ScreenId::Steuerzentrum, QStringLiteral("Steuerzentrum")}};
     for (int page = 1; page <= 11; ++page)
         probes.append({pageScreen(page), QStringLiteral("Qel%1").arg(page)});
-    registerProbes(probes);
     registerShellScreens();
+    registerProbes(probes);
 }
 
 void settle() {
