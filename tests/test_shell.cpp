@@ -120,13 +120,6 @@ private Q_SLOTS:
         arrivals.clear();
         registerShellScreens();
     }
-    void cleanup() {
-        // A programme that ended outside a running event loop leaves Qt's quit request
-        // standing, and every later modal box would return at once: run the loop briefly so
-        // that Qt forgets it.
-        QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
-        QCoreApplication::exec();
-    }
 
     void captions_data();
     void captions();

@@ -42,6 +42,13 @@ TestProgramme::TestProgramme()
 }
 
 TestProgramme::~TestProgramme() {
+    // A programme that ended outside a running event loop leaves Qt's quit request standing, and
+    // every later modal box or event loop would return at once: run the loop briefly so that Qt
+    // forgets it.
+    if (Screens::programmeEnded()) {
+        QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
+        QCoreApplication::exec();
+    }
     Screens::reset();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     Seams::setProgrammeFolder({});
