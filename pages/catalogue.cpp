@@ -74,6 +74,7 @@ const std::array<PageInfo, 10> kPages = {{
      ScreenId::Qel4,
      ScreenId::Qel6,
      false},
+    // Question 4 of page 6 puts 10 into AnswerCorrectFlag; every reader only asks for nonzero.
     {6,
      116,
      {{{{0, 1, 2}, {Y, N, N}},
