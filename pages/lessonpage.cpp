@@ -58,6 +58,8 @@ namespace {
 
 constexpr int kExplanationMs = 10000;
 constexpr int kPaceNoteMs = 5000;
+constexpr int kDrawingHeight = 110;
+constexpr int kDrawingMinHeight = 72;
 
 QPushButton *pictureButton(const QString &icon, const QString &name, QWidget *parent) {
     auto *button = new QPushButton(parent);
@@ -149,8 +151,20 @@ void LessonPage::buildControls() {
     grid->addWidget(Label2, 0, 0);
     for (std::size_t i = 0; i < Image1.size(); ++i) {
         Image1[i] = new Picture(questionHtml(bank.questions[i]), central);
-        if (!bank.questions[i].drawing.isEmpty())
+        if (!bank.questions[i].drawing.isEmpty()) {
             Image1[i]->setDrawing(bank.questions[i].drawing, bank.questions[i].drawingDescription);
+            // The drawing stands beside the question text, 72 to 110 pixels high, so that
+            // the page still fits a screen of 800 x 600 pixels.
+            if (auto *box = qobject_cast<QBoxLayout *>(Image1[i]->layout()))
+                box->setDirection(QBoxLayout::LeftToRight);
+            if (auto *view = Image1[i]->findChild<SvgView *>()) {
+                const QSize full = view->sizeHint();
+                view->setMinimumSize(
+                    full.scaled(QSize(QWIDGETSIZE_MAX, kDrawingMinHeight), Qt::KeepAspectRatio));
+                view->setMaximumSize(
+                    full.scaled(QSize(QWIDGETSIZE_MAX, kDrawingHeight), Qt::KeepAspectRatio));
+            }
+        }
         Image1[i]->setObjectName(QStringLiteral("Image1_%1").arg(i));
         grid->addWidget(Image1[i], 0, 1, 1, 2);
         Image1[i]->setVisible(i == 0);

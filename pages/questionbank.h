@@ -8,7 +8,8 @@
 
 // The texts of the fifty questions, their options and every feedback picture, as the pupil sees
 // them. Plain data: the page engine turns each entry into a picture and only shows and hides it.
-// Texts may hold <sub>..</sub> for subscripts (I<sub>B</sub>).
+// Texts may hold <sub>..</sub> for subscripts (I<sub>B</sub>) and <i>..</i>; any other "<" or ">"
+// is shown as it stands.
 
 struct BankQuestion {
     QString text;                   // "1. Welche zwei ...", empty where the drawing is the question
