@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "lessonpage.h"
+#include "qel11.h"
 #include "screens.h"
 #include "shell.h"
 
 #include <QApplication>
 
-int main(int argc, char *argv[])
-{
+int main(int argc, char *argv[]) {
     QApplication app(argc, argv);
     setUpApplication(app);
 
     registerShellScreens();
     registerLessonPages();
+    registerFinalTestScreens();
 
     // The start screen is the programme's entry; the programme ends when its last screen goes.
     Screens::show(ScreenId::Start);
