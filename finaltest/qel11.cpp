@@ -158,7 +158,7 @@ QGroupBox *Qel11::buildQuestion(int k, QWidget *parent) {
 
         const int row = j / 2;
         const int column = 2 + 4 * (j % 2);
-        grid->addWidget(option, row, column);
+        grid->addWidget(option, row, column, Qt::AlignLeft);
         grid->addWidget(marker, row, column + 1, Qt::AlignVCenter);
         grid->addWidget(verdict, row, column + 2);
         connect(option, &QRadioButton::toggled, this, [this, i](bool checked) {
@@ -266,6 +266,12 @@ void Qel11::buildControls() {
         pictureButton(QStringLiteral(":/button-end.svg"), QStringLiteral("Beenden"), central);
     for (QPushButton *b : {Command2, Command4, Command5, Command1, Command7})
         buttons->addWidget(b);
+    Command1->setObjectName(QStringLiteral("Command1"));
+    Command2->setObjectName(QStringLiteral("Command2"));
+    Command3->setObjectName(QStringLiteral("Command3"));
+    Command4->setObjectName(QStringLiteral("Command4"));
+    Command5->setObjectName(QStringLiteral("Command5"));
+    Command7->setObjectName(QStringLiteral("Command7"));
     buttons->addSpacing(12);
     buttons->addWidget(Command3);
     bottom->addLayout(buttons, 1, 1, Qt::AlignRight);
