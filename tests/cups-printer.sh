@@ -15,14 +15,13 @@ if ! running; then
 fi
 running || { echo "The CUPS scheduler did not start." >&2; exit 1; }
 
-if ! lpstat -p KelvoraPDF >/dev/null 2>&1; then
-    model=$(lpinfo -m 2>/dev/null | awk '/CUPS-PDF_opt\.ppd/ { print $1; exit }')
-    if [[ -z "$model" ]]; then
-        echo "No cups-pdf printer model; is printer-driver-cups-pdf installed?" >&2
-        exit 1
-    fi
-    lpadmin -p KelvoraPDF -v cups-pdf:/ -m "$model" -E
+model=$(lpinfo -m 2>/dev/null | awk '/CUPS-PDF_opt\.ppd/ { print $1; exit }')
+if [[ -z "$model" ]]; then
+    echo "No cups-pdf printer model; is printer-driver-cups-pdf installed?" >&2
+    exit 1
 fi
+# The queue is set up afresh every time, so that an older set-up cannot linger.
+lpadmin -p KelvoraPDF -v cups-pdf:/ -m "$model" -E 2>/dev/null
 lpadmin -d KelvoraPDF
 cupsenable KelvoraPDF
 cupsaccept KelvoraPDF

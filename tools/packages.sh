@@ -5,7 +5,7 @@ set -euo pipefail
 
 build_packages=(cmake ninja-build g++ qt6-base-dev qt6-svg-dev libqt6svg6-dev libgl-dev
     qt6-translations-l10n fonts-liberation fonts-dejavu-core)
-test_packages=(xvfb xauth poppler-utils)
+test_packages=(xvfb xauth poppler-utils cups cups-client printer-driver-cups-pdf)
 
 packages=("${build_packages[@]}")
 if [[ "${1:-}" == "test" ]]; then
