@@ -39,6 +39,15 @@ QString captionOnScreen(const QString &caption) {
     return shown;
 }
 
+QString questionOnScreen(const QString &caption) {
+    // "Stoß-   ionisation": a word broken by hand for the original line width. On screen the
+    // word is whole again, with a soft hyphen where the line may still break.
+    static const QRegularExpression brokenWord(QStringLiteral("-\\s+(?=\\p{Ll})"));
+    QString shown = caption;
+    shown.replace(brokenWord, QString(QChar(0x00AD)));
+    return shown;
+}
+
 CaptionLabel::CaptionLabel(const QString &caption, QWidget *parent)
     : QLabel(parent) {
     setCaption(caption);
@@ -99,6 +108,13 @@ QString explanationHtml() {
            QStringLiteral("</table></div>");
 }
 
+// Verdicts and markers appear beside their options without moving the other options.
+void keepPlaceWhenHidden(QWidget *w) {
+    QSizePolicy policy = w->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    w->setSizePolicy(policy);
+}
+
 QString verdictStyle(bool right) {
     return right ? QStringLiteral("color: #1b6e2a; font-weight: bold;")
                  : QStringLiteral("color: #b3141e; font-weight: bold;");
@@ -117,17 +133,26 @@ QGroupBox *Qel11::buildQuestion(int k, QWidget *parent) {
     frame->setObjectName(QStringLiteral("Frame1_%1").arg(k));
     auto *grid = new QGridLayout(frame);
     grid->setContentsMargins(8, 4, 8, 4);
-    grid->setHorizontalSpacing(4);
+    grid->setHorizontalSpacing(3);
     grid->setVerticalSpacing(2);
 
     auto *text = new CaptionLabel(question.text, frame);
+    text->setText(questionOnScreen(question.text));
+    text->setAccessibleName(questionOnScreen(question.text).remove(QChar(0x00AD)));
     text->setObjectName(QStringLiteral("Label2_%1").arg(k));
     text->setWordWrap(true);
-    text->setFixedWidth(230);
+    text->setFixedWidth(196);
     text->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     Label2[static_cast<std::size_t>(k)] = text;
     grid->addWidget(text, 0, 0, 2, 1);
-    grid->setColumnMinimumWidth(1, 10);
+    grid->setColumnMinimumWidth(1, 6);
+    // The same columns in every frame, so the options of all questions line up.
+    for (int column : {2, 6})
+        grid->setColumnMinimumWidth(column, 196);
+    for (int column : {3, 7})
+        grid->setColumnMinimumWidth(column, 8);
+    for (int column : {4, 8})
+        grid->setColumnMinimumWidth(column, 50);
 
     // The four options in two columns; the radio buttons are direct children of the frame, so
     // each frame is an option group of its own.
@@ -146,13 +171,14 @@ QGroupBox *Qel11::buildQuestion(int k, QWidget *parent) {
         mark.setColor(QPalette::Window,
                       isRightOption(i) ? QColor(27, 110, 42) : QColor(179, 20, 30));
         marker->setPalette(mark);
+        keepPlaceWhenHidden(marker);
         marker->hide();
         Label14[at] = marker;
 
         auto *verdict = new QLabel(verdictCaption(i), frame);
         verdict->setObjectName(QStringLiteral("Label16_%1").arg(i));
         verdict->setStyleSheet(verdictStyle(verdict->text() == QStringLiteral("Richtig")));
-        verdict->setMinimumWidth(48);
+        keepPlaceWhenHidden(verdict);
         verdict->hide();
         Label16[at] = verdict;
 
@@ -160,14 +186,13 @@ QGroupBox *Qel11::buildQuestion(int k, QWidget *parent) {
         const int column = 2 + 4 * (j % 2);
         grid->addWidget(option, row, column, Qt::AlignLeft);
         grid->addWidget(marker, row, column + 1, Qt::AlignVCenter);
-        grid->addWidget(verdict, row, column + 2);
+        grid->addWidget(verdict, row, column + 2, Qt::AlignLeft);
         connect(option, &QRadioButton::toggled, this, [this, i](bool checked) {
             if (checked)
                 Option1_Click(i);
         });
     }
-    grid->setColumnStretch(5, 1);
-    grid->setColumnStretch(9, 1);
+    grid->setColumnStretch(8, 1);
     return frame;
 }
 
@@ -232,6 +257,8 @@ void Qel11::buildControls() {
     Label17->setFrameShape(QFrame::Box);
     Label17->setMargin(4);
     bottom->addWidget(Label17, 0, 0, 2, 1, Qt::AlignLeft | Qt::AlignBottom);
+    auto *result = new QVBoxLayout;
+    result->setSpacing(6);
     Label15 = new QLabel(central);
     Label15->setObjectName(QStringLiteral("Label15"));
     QFont gradeFont = Label15->font();
@@ -240,7 +267,13 @@ void Qel11::buildControls() {
     Label15->setFont(gradeFont);
     Label15->setStyleSheet(QStringLiteral("color: #1a3f8a;"));
     Label15->hide();
-    bottom->addWidget(Label15, 0, 0, 2, 1, Qt::AlignLeft | Qt::AlignVCenter);
+    result->addWidget(Label15);
+    Command7 = new QPushButton(QStringLiteral("Ausdrucken und Lernprogramm beenden"), central);
+    Command7->setMinimumHeight(40);
+    Command7->hide();
+    result->addWidget(Command7);
+    // Instruction and result share their place: the one goes when the other comes.
+    bottom->addLayout(result, 0, 0, 2, 1, Qt::AlignLeft | Qt::AlignBottom);
     Label21 = new QLabel(QStringLiteral("Erklärung der Buttons ein- und ausschalten: Menü: "
                                         "Ansicht / Erklärung Steuerbuttons"),
                          central);
@@ -259,12 +292,9 @@ void Qel11::buildControls() {
         pictureButton(QStringLiteral(":/button-grade.svg"), QStringLiteral("Zensierung"), central);
     Command1 = pictureButton(QStringLiteral(":/button-next.svg"),
                              QStringLiteral("Weiter zur Schlussseite"), central);
-    Command7 = new QPushButton(QStringLiteral("Ausdrucken und Lernprogramm beenden"), central);
-    Command7->setMinimumHeight(50);
-    Command7->hide();
     Command3 =
         pictureButton(QStringLiteral(":/button-end.svg"), QStringLiteral("Beenden"), central);
-    for (QPushButton *b : {Command2, Command4, Command5, Command1, Command7})
+    for (QPushButton *b : {Command2, Command4, Command5, Command1})
         buttons->addWidget(b);
     Command1->setObjectName(QStringLiteral("Command1"));
     Command2->setObjectName(QStringLiteral("Command2"));

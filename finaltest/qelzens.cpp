@@ -130,6 +130,7 @@ QelZens::QelZens(QWidget *parent)
     }
 
     auto *hints = new QVBoxLayout;
+    hints->setSpacing(10);
     for (std::size_t h = 0; h < Label3.size(); ++h) {
         Label3[h] = new CaptionLabel(h == 0 ? kNonsenseHint : kBlankHint, central);
         Label3[h]->setObjectName(QStringLiteral("Label3_%1").arg(h));
