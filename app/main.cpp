@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "aufloesung.h"
 #include "lessonpage.h"
+#include "qel11.h"
 #include "screens.h"
 #include "shell.h"
 
@@ -12,6 +13,7 @@ int main(int argc, char *argv[]) {
 
     registerShellScreens();
     registerLessonPages();
+    registerFinalTestScreens();
     registerDisplayScreens();
 
     // The start screen is the programme's entry; the programme ends when its last screen goes.

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "resultlog.h"
+
+#include "seams.h"
+#include "textfiles.h"
+
+#include <QFile>
+#include <QLocale>
+#include <QRegularExpression>
+
+namespace {
+
+struct Log {
+    QFile file;
+    QString lastError; // why the file could not be created
+    int resumeNext = 0;
+};
+
+Log &log() {
+    static Log l;
+    return l;
+}
+
+void writeLine(const QString &line) {
+    Log &l = log();
+    if (l.resumeNext > 0) {
+        if (l.file.isOpen()) {
+            l.file.write(TextFiles::toWindows1252(line) + QByteArrayLiteral("\r\n"));
+            l.file.flush();
+        }
+        return;
+    }
+    if (!l.file.isOpen()) {
+        Seams::failProgramme(l.lastError.isEmpty() ? QStringLiteral("Dateiname oder -nummer falsch")
+                                                   : l.lastError);
+    }
+    const QByteArray bytes = TextFiles::toWindows1252(line) + QByteArrayLiteral("\r\n");
+    if (l.file.write(bytes) != bytes.size() || !l.file.flush())
+        Seams::failProgramme(l.file.errorString());
+}
+
+// A format of the system's locale made to read like the Windows desktop: a two-digit year
+// becomes four digits, and the time-zone name goes.
+QString windowsLikeFormat(QString format) {
+    static const QRegularExpression shortYear(QStringLiteral("(?<!y)yy(?!y)"));
+    static const QRegularExpression zone(QStringLiteral("\\s*(?<![A-Za-z'])t+(?![A-Za-z'])"));
+    format.replace(shortYear, QStringLiteral("yyyy"));
+    format.replace(zone, QString());
+    return format.trimmed();
+}
+
+} // namespace
+
+QString dateTimeText(const QDateTime &when) {
+    const QLocale locale;
+    return locale.toString(when.date(),
+                           windowsLikeFormat(locale.dateFormat(QLocale::ShortFormat))) +
+           QLatin1Char(' ') +
+           locale.toString(when.time(), windowsLikeFormat(locale.timeFormat(QLocale::LongFormat)));
+}
+
+namespace ResultLog {
+
+void create(const QString &path) {
+    Log &l = log();
+    l.file.close();
+    l.file.setFileName(path);
+    if (l.file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        l.lastError.clear();
+    else
+        l.lastError = l.file.errorString();
+}
+
+bool isOpen() {
+    return log().file.isOpen();
+}
+
+void writeFileHeading() {
+    writeLine(QString(15, QLatin1Char(' ')) + QStringLiteral("Test Kelvora"));
+    writeLine(QString());
+}
+
+void writeQuestionHeading(const QString &frameCaption, const QString &questionCaption) {
+    writeLine(frameCaption);
+    writeLine(questionCaption);
+}
+
+void writeClickLine(const QString &optionCaption, const QString &verdictCaption) {
+    writeLine(QStringLiteral("    ") + optionCaption + QStringLiteral(" - ") + verdictCaption);
+}
+
+void writeEmptyLine() {
+    writeLine(QString());
+}
+
+void writeTotals(int correct, int answered) {
+    writeLine(PrintLine()
+                  .number(correct)
+                  .text(QStringLiteral("Punkte von"))
+                  .number(answered)
+                  .text(QStringLiteral("Punkten"))
+                  .str());
+}
+
+void writeDateLine() {
+    writeLine(dateTimeText(Seams::now()));
+}
+
+void close() {
+    log().file.close();
+}
+
+ResumeNext::ResumeNext() {
+    ++log().resumeNext;
+}
+
+ResumeNext::~ResumeNext() {
+    --log().resumeNext;
+}
+
+} // namespace ResultLog
