@@ -1,15 +1,57 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "picture.h"
 
-#include <QLabel>
+#include <QAbstractTextDocumentLayout>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QHash>
 #include <QPainter>
 #include <QSvgRenderer>
+#include <QTextDocument>
 #include <QTextDocumentFragment>
 #include <QVBoxLayout>
 
+namespace {
+
+constexpr int kMinimumTextWidth = 120;
+
+QSvgRenderer *sharedRenderer(const QString &resource) {
+    static QHash<QString, QSvgRenderer *> renderers;
+    QSvgRenderer *&renderer = renderers[resource];
+    if (!renderer)
+        renderer = new QSvgRenderer(resource, QCoreApplication::instance());
+    return renderer;
+}
+
+std::shared_ptr<QTextDocument> sharedDocument(const QString &html, const QFont &font) {
+    static QHash<QString, std::shared_ptr<QTextDocument>> documents;
+    std::shared_ptr<QTextDocument> &document = documents[font.key() + QLatin1Char('\n') + html];
+    if (!document) {
+        document = std::make_shared<QTextDocument>();
+        document->setDocumentMargin(0);
+        document->setDefaultFont(font);
+        document->setHtml(html);
+    }
+    return document;
+}
+
+} // namespace
+
+QString plainTextOf(const QString &html) {
+    static QHash<QString, QString> texts;
+    auto it = texts.constFind(html);
+    if (it != texts.constEnd())
+        return *it;
+    QString text = QTextDocumentFragment::fromHtml(html).toPlainText();
+    text.remove(QChar::ObjectReplacementCharacter);
+    text = text.simplified();
+    texts.insert(html, text);
+    return text;
+}
+
 SvgView::SvgView(const QString &resource, QWidget *parent)
     : QWidget(parent)
-    , renderer_(new QSvgRenderer(resource, this)) {
+    , renderer_(sharedRenderer(resource)) {
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
@@ -36,9 +78,84 @@ void SvgView::paintEvent(QPaintEvent *) {
     renderer_->render(&painter, target);
 }
 
+RichTextView::RichTextView(QWidget *parent)
+    : QWidget(parent) {
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+}
+
+void RichTextView::setHtml(const QString &html) {
+    html_ = html;
+    document_.reset();
+    updateGeometry();
+    update();
+}
+
+void RichTextView::setWordWrap(bool wrap) {
+    wrap_ = wrap;
+    QSizePolicy policy = sizePolicy();
+    policy.setHeightForWidth(wrap);
+    setSizePolicy(policy);
+    updateGeometry();
+}
+
+QTextDocument *RichTextView::document() const {
+    if (!document_)
+        document_ = sharedDocument(html_, font());
+    return document_.get();
+}
+
+int RichTextView::heightForWidth(int width) const {
+    if (html_.isEmpty())
+        return 0;
+    QTextDocument *doc = document();
+    doc->setTextWidth(width);
+    return qCeil(doc->size().height());
+}
+
+QSize RichTextView::sizeHint() const {
+    if (html_.isEmpty())
+        return {0, 0};
+    QTextDocument *doc = document();
+    if (!wrap_) {
+        doc->setTextWidth(-1);
+        return doc->size().toSize();
+    }
+    const int width = qBound(kMinimumTextWidth, qCeil(doc->idealWidth()), 640);
+    return {width, heightForWidth(width)};
+}
+
+QSize RichTextView::minimumSizeHint() const {
+    if (!wrap_)
+        return sizeHint();
+    return {kMinimumTextWidth, 0};
+}
+
+void RichTextView::paintEvent(QPaintEvent *) {
+    if (html_.isEmpty())
+        return;
+    QTextDocument *doc = document();
+    doc->setTextWidth(wrap_ ? width() : -1);
+    QPainter painter(this);
+    QAbstractTextDocumentLayout::PaintContext context;
+    context.palette = palette();
+    context.palette.setColor(QPalette::Text, palette().color(QPalette::WindowText));
+    context.clip = rect();
+    doc->documentLayout()->draw(&painter, context);
+}
+
+void RichTextView::changeEvent(QEvent *e) {
+    if (e->type() == QEvent::FontChange) {
+        document_.reset();
+        updateGeometry();
+    }
+    QWidget::changeEvent(e);
+}
+
 Picture::Picture(QWidget *parent)
     : QFrame(parent)
-    , label_(new QLabel(this)) {
+    , text_(new RichTextView(this)) {
     setFrameShape(QFrame::Panel);
     setFrameShadow(QFrame::Sunken);
     setAutoFillBackground(true);
@@ -47,13 +164,9 @@ Picture::Picture(QWidget *parent)
     p.setColor(QPalette::WindowText, Qt::black);
     setPalette(p);
 
-    label_->setTextFormat(Qt::RichText);
-    label_->setWordWrap(true);
-    label_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    label_->setTextInteractionFlags(Qt::NoTextInteraction);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 6, 8, 6);
-    layout->addWidget(label_);
+    layout->addWidget(text_);
 }
 
 Picture::Picture(const QString &html, QWidget *parent)
@@ -62,8 +175,8 @@ Picture::Picture(const QString &html, QWidget *parent)
 }
 
 void Picture::setText(const QString &html) {
-    label_->setText(html);
-    label_->setVisible(!html.isEmpty());
+    text_->setHtml(html);
+    text_->setVisible(!html.isEmpty());
     updateAccessibleName();
 }
 
@@ -76,10 +189,16 @@ void Picture::setDrawing(const QString &resource, const QString &description) {
     updateAccessibleName();
 }
 
+void Picture::setWordWrap(bool wrap) {
+    text_->setWordWrap(wrap);
+}
+
+const QString &Picture::html() const {
+    return text_->html();
+}
+
 QString Picture::plainText() const {
-    QString text = QTextDocumentFragment::fromHtml(label_->text()).toPlainText();
-    text.remove(QChar::ObjectReplacementCharacter);
-    return text.simplified();
+    return plainTextOf(text_->html());
 }
 
 void Picture::updateAccessibleName() {
@@ -87,5 +206,4 @@ void Picture::updateAccessibleName() {
     if (!drawingDescription_.isEmpty())
         name = name.isEmpty() ? drawingDescription_ : name + QLatin1Char(' ') + drawingDescription_;
     setAccessibleName(name);
-    label_->setAccessibleName(name);
 }

@@ -4,10 +4,13 @@
 #include <QFrame>
 #include <QString>
 
-class QLabel;
-class QSvgRenderer;
+#include <memory>
 
-// An SVG drawing scaled to the space it is given, keeping its proportions.
+class QSvgRenderer;
+class QTextDocument;
+
+// An SVG drawing scaled to the space it is given, keeping its proportions. Drawings are parsed
+// once per programme run and shared by every screen that shows them.
 class SvgView : public QWidget {
     Q_OBJECT
 public:
@@ -23,6 +26,33 @@ private:
     QSvgRenderer *renderer_;
 };
 
+// Rich text drawn from a laid-out document. Documents are kept per text and font for the whole
+// run, so a page that is opened again does not parse and lay out its texts again.
+class RichTextView : public QWidget {
+    Q_OBJECT
+public:
+    explicit RichTextView(QWidget *parent = nullptr);
+    void setHtml(const QString &html);
+    const QString &html() const { return html_; }
+    void setWordWrap(bool wrap);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    bool hasHeightForWidth() const override { return wrap_; }
+    int heightForWidth(int width) const override;
+
+protected:
+    void paintEvent(QPaintEvent *e) override;
+    void changeEvent(QEvent *e) override;
+
+private:
+    QTextDocument *document() const;
+
+    QString html_;
+    bool wrap_ = true;
+    mutable std::shared_ptr<QTextDocument> document_;
+};
+
 // A framed picture of the pages: rich text, with a drawing where the picture has one. Its text is
 // also its accessible name, so a screen reader reads what the pupil sees.
 class Picture : public QFrame {
@@ -33,13 +63,17 @@ public:
 
     void setText(const QString &html);
     void setDrawing(const QString &resource, const QString &description);
+    void setWordWrap(bool wrap);
+    const QString &html() const;
     QString plainText() const;
-    QLabel *label() const { return label_; }
 
 private:
     void updateAccessibleName();
 
-    QLabel *label_;
+    RichTextView *text_;
     SvgView *drawing_ = nullptr;
     QString drawingDescription_;
 };
+
+// The plain text of a piece of rich text, as a screen reader should read it.
+QString plainTextOf(const QString &html);

@@ -43,7 +43,7 @@ Qel50::Qel50(QWidget *parent)
     pictureFont.setPointSize(22);
     pictureFont.setBold(true);
     Image1->setFont(pictureFont);
-    Image1->label()->setWordWrap(false);
+    Image1->setWordWrap(false);
     Image1->setFrameStyle(QFrame::Box | QFrame::Plain);
     Image1->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
 

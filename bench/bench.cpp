@@ -135,7 +135,9 @@ int main(int argc, char *argv[]) {
         pageMs << timer.nsecsElapsed() / 1e6;
         Screens::reset();
     }
-    out << "page change (>>):    " << median(pageMs) << " ms (budget 16 ms)\n";
-    out << "keystroke to verdict: " << median(keyMs) << " ms (budget 2 ms)\n";
+    out << "page change (>>):    " << median(pageMs) << " ms, the first one " << pageMs.first()
+        << " ms (budget 16 ms)\n";
+    out << "keystroke to verdict: " << median(keyMs) << " ms, the first one " << keyMs.first()
+        << " ms (budget 2 ms)\n";
     return 0;
 }

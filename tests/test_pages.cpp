@@ -424,7 +424,7 @@ void TestPages::pictureTexts() {
         picture = p->Image3.at(index);
     QCOMPARE(picture->plainText(), text);
     if (!markup.isEmpty())
-        QVERIFY2(picture->label()->text().contains(markup), qPrintable(picture->label()->text()));
+        QVERIFY2(picture->html().contains(markup), qPrintable(picture->html()));
 }
 
 void TestPages::bankIntegrity_data() {
