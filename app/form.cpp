@@ -6,6 +6,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QLabel>
 #include <QStyle>
 
 ScreenId pageScreen(int page) {
@@ -34,6 +35,28 @@ void Form::closeEvent(QCloseEvent *e) {
 
 QString windowCaption(int blanks, const QString &title) {
     return QStringLiteral("Kelvora") + QString(blanks, QLatin1Char(' ')) + title;
+}
+
+QWidget *tintedCentralWidget(QMainWindow *window) {
+    auto *central = new QWidget(window);
+    central->setAutoFillBackground(true);
+    QPalette background = central->palette();
+    background.setColor(QPalette::Window, QColor(236, 242, 250));
+    central->setPalette(background);
+    window->setCentralWidget(central);
+    return central;
+}
+
+QLabel *headingLabel(const QString &text, int pointSize, QWidget *parent) {
+    auto *label = new QLabel(text, parent);
+    QFont font = label->font();
+    font.setPointSize(pointSize);
+    font.setBold(true);
+    label->setFont(font);
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, QColor(0, 60, 120));
+    label->setPalette(palette);
+    return label;
 }
 
 QColor lightGrey() {

@@ -5,6 +5,7 @@
 #include <QMainWindow>
 
 class QAbstractButton;
+class QLabel;
 class QWidget;
 
 // Every screen of the programme. Each has one default instance, managed by the screen layer
@@ -57,6 +58,11 @@ private:
 // "Kelvora", a run of blanks and the screen's own title, so that the title sits at the right end
 // of the caption bar.
 QString windowCaption(int blanks, const QString &title);
+
+// The pale blue central widget of the title-like screens (start, control centre, end page).
+QWidget *tintedCentralWidget(QMainWindow *window);
+// A bold heading in the programme's dark blue.
+QLabel *headingLabel(const QString &text, int pointSize, QWidget *parent);
 
 // Back colours of buttons: light grey marks the button the pupil should use next.
 QColor lightGrey();

@@ -19,22 +19,10 @@ Qel50::Qel50(QWidget *parent)
     setWindowTitle(QStringLiteral("Kelvora"));
     resize(800, 600);
 
-    auto *central = new QWidget(this);
-    central->setAutoFillBackground(true);
-    QPalette background = central->palette();
-    background.setColor(QPalette::Window, QColor(236, 242, 250));
-    central->setPalette(background);
-    setCentralWidget(central);
+    QWidget *central = tintedCentralWidget(this);
 
-    Label1 = new QLabel(QStringLiteral("Kelvora"), central);
-    QFont titleFont = Label1->font();
-    titleFont.setPointSize(36);
-    titleFont.setBold(true);
-    Label1->setFont(titleFont);
+    Label1 = headingLabel(QStringLiteral("Kelvora"), 36, central);
     Label1->setAlignment(Qt::AlignCenter);
-    QPalette titlePalette = Label1->palette();
-    titlePalette.setColor(QPalette::WindowText, QColor(0, 60, 120));
-    Label1->setPalette(titlePalette);
 
     Image1 = new Picture(QStringLiteral("<p align='center' style='margin:4px'>"
                                         "Ende des Lernprogramms</p>"),

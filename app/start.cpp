@@ -22,12 +22,7 @@ Start::Start(QWidget *parent)
     setWindowTitle(QStringLiteral("Kelvora"));
     resize(800, 600);
 
-    auto *central = new QWidget(this);
-    central->setAutoFillBackground(true);
-    QPalette background = central->palette();
-    background.setColor(QPalette::Window, QColor(236, 242, 250));
-    central->setPalette(background);
-    setCentralWidget(central);
+    QWidget *central = tintedCentralWidget(this);
 
     Shape1 = new QFrame(central);
     Shape1->setFrameShape(QFrame::Box);
@@ -43,15 +38,8 @@ Start::Start(QWidget *parent)
     layout->setContentsMargins(28, 20, 28, 24);
     layout->setSpacing(14);
 
-    Label1 = new QLabel(QStringLiteral("Kelvora"), Shape1);
-    QFont titleFont = Label1->font();
-    titleFont.setPointSize(40);
-    titleFont.setBold(true);
-    Label1->setFont(titleFont);
+    Label1 = headingLabel(QStringLiteral("Kelvora"), 40, Shape1);
     Label1->setAlignment(Qt::AlignCenter);
-    QPalette titlePalette = Label1->palette();
-    titlePalette.setColor(QPalette::WindowText, QColor(0, 60, 120));
-    Label1->setPalette(titlePalette);
 
     Label2 =
         new QLabel(QStringLiteral("Ein Lernprogramm zum selbständigen Lernen und Üben"), Shape1);

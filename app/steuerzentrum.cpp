@@ -142,21 +142,9 @@ Steuerzentrum::Steuerzentrum(QWidget *parent)
     setWindowTitle(windowCaption(105, QStringLiteral("Steuerzentrum")));
     resize(800, 600);
 
-    auto *central = new QWidget(this);
-    central->setAutoFillBackground(true);
-    QPalette background = central->palette();
-    background.setColor(QPalette::Window, QColor(236, 242, 250));
-    central->setPalette(background);
-    setCentralWidget(central);
+    QWidget *central = tintedCentralWidget(this);
 
-    Label1 = new QLabel(QStringLiteral("Wo möchtest du starten?"), central);
-    QFont titleFont = Label1->font();
-    titleFont.setPointSize(20);
-    titleFont.setBold(true);
-    Label1->setFont(titleFont);
-    QPalette titlePalette = Label1->palette();
-    titlePalette.setColor(QPalette::WindowText, QColor(0, 60, 120));
-    Label1->setPalette(titlePalette);
+    Label1 = headingLabel(QStringLiteral("Wo möchtest du starten?"), 20, central);
 
     Image1 = new Picture(kInstruction, central);
     QFont pictureFont = Image1->font();
