@@ -6,7 +6,10 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QHash>
+#include <QIcon>
 #include <QLabel>
+#include <QPushButton>
 #include <QStyle>
 
 ScreenId pageScreen(int page) {
@@ -57,6 +60,22 @@ QLabel *headingLabel(const QString &text, int pointSize, QWidget *parent) {
     palette.setColor(QPalette::WindowText, QColor(0, 60, 120));
     label->setPalette(palette);
     return label;
+}
+
+QPushButton *pictureButton(const QString &icon, const QString &name, QWidget *parent,
+                           int iconSize) {
+    // One icon per picture for the whole run: its rendered sizes are kept with it.
+    static QHash<QString, QIcon> icons;
+    QIcon &shared = icons[icon];
+    if (shared.isNull())
+        shared = QIcon(icon);
+    auto *button = new QPushButton(parent);
+    button->setIcon(shared);
+    button->setIconSize(QSize(iconSize, iconSize));
+    button->setMinimumSize(iconSize + 30, iconSize + 16);
+    button->setAccessibleName(name);
+    button->setToolTip(name);
+    return button;
 }
 
 QColor lightGrey() {

@@ -6,6 +6,7 @@
 
 class QAbstractButton;
 class QLabel;
+class QPushButton;
 class QWidget;
 
 // Every screen of the programme. Each has one default instance, managed by the screen layer
@@ -63,6 +64,11 @@ QString windowCaption(int blanks, const QString &title);
 QWidget *tintedCentralWidget(QMainWindow *window);
 // A bold heading in the programme's dark blue.
 QLabel *headingLabel(const QString &text, int pointSize, QWidget *parent);
+
+// A button that shows a picture instead of a caption; its function in words is its accessible
+// name and its tooltip.
+QPushButton *pictureButton(const QString &icon, const QString &name, QWidget *parent,
+                           int iconSize = 36);
 
 // Back colours of buttons: light grey marks the button the pupil should use next.
 QColor lightGrey();

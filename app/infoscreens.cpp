@@ -141,12 +141,8 @@ InfoScreen::InfoScreen(ScreenId id, QWidget *parent)
                            QStringLiteral("Titelbild: Elektronen im Metall, Glühemission und "
                                           "Transistor"));
 
-    Command1 = new QPushButton(central);
-    Command1->setIcon(QIcon(QStringLiteral(":/button-close.svg")));
-    Command1->setIconSize(QSize(36, 36));
-    Command1->setMinimumSize(64, 52);
-    Command1->setAccessibleName(QStringLiteral("Schließen"));
-    Command1->setToolTip(QStringLiteral("Schließen"));
+    Command1 =
+        pictureButton(QStringLiteral(":/button-close.svg"), QStringLiteral("Schließen"), central);
     Command1->setDefault(true);
 
     auto *layout = new QVBoxLayout(central);

@@ -105,12 +105,8 @@ Auflösung::Auflösung(QWidget *parent)
                        "auch möglich, mit der Auflösung \"1024 x 768\" zu arbeiten."),
         central);
 
-    Command2 = new QPushButton(central);
-    Command2->setIcon(QIcon(QStringLiteral(":/display-close.svg")));
-    Command2->setIconSize(QSize(36, 36));
-    Command2->setMinimumSize(64, 52);
-    Command2->setAccessibleName(QStringLiteral("Schließen"));
-    Command2->setToolTip(QStringLiteral("Schließen"));
+    Command2 =
+        pictureButton(QStringLiteral(":/display-close.svg"), QStringLiteral("Schließen"), central);
 
     auto *left = new QVBoxLayout;
     left->setSpacing(6);

@@ -64,16 +64,6 @@ namespace {
 constexpr int kHalfChangeMs = 3000;
 constexpr int kExplanationMs = 8000;
 
-QPushButton *pictureButton(const QString &icon, const QString &name, QWidget *parent) {
-    auto *button = new QPushButton(parent);
-    button->setIcon(QIcon(icon));
-    button->setIconSize(QSize(36, 36));
-    button->setMinimumSize(64, 50);
-    button->setAccessibleName(name);
-    button->setToolTip(name);
-    return button;
-}
-
 QLabel *scoreLabel(const QString &caption, QWidget *parent, bool number = false) {
     auto *label = new QLabel(caption, parent);
     if (number) {

@@ -148,12 +148,8 @@ QelZens::QelZens(QWidget *parent)
     auto *buttons = new QHBoxLayout;
     Command4 = new QPushButton(QStringLiteral("Zensurentabelle ändern"), central);
     Command4->setMinimumHeight(40);
-    Command1 = new QPushButton(central);
-    Command1->setIcon(QIcon(QStringLiteral(":/button-grade.svg")));
-    Command1->setIconSize(QSize(36, 36));
-    Command1->setMinimumSize(64, 50);
-    Command1->setAccessibleName(QStringLiteral("Zensieren"));
-    Command1->setToolTip(QStringLiteral("Zensieren"));
+    Command1 =
+        pictureButton(QStringLiteral(":/button-grade.svg"), QStringLiteral("Zensieren"), central);
     buttons->addWidget(Command4);
     buttons->addStretch(1);
     buttons->addWidget(Command1);

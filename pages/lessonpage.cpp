@@ -61,16 +61,6 @@ constexpr int kPaceNoteMs = 5000;
 constexpr int kDrawingHeight = 110;
 constexpr int kDrawingMinHeight = 72;
 
-QPushButton *pictureButton(const QString &icon, const QString &name, QWidget *parent) {
-    auto *button = new QPushButton(parent);
-    button->setIcon(QIcon(icon));
-    button->setIconSize(QSize(40, 40));
-    button->setMinimumSize(72, 56);
-    button->setAccessibleName(name);
-    button->setToolTip(name);
-    return button;
-}
-
 QLabel *heading(const QString &caption, QWidget *parent) {
     auto *label = new QLabel(captionLines(caption), parent);
     label->setAccessibleName(caption.simplified());
@@ -240,15 +230,15 @@ void LessonPage::buildControls() {
     Command2->setToolTip(QStringLiteral("Eine Seite zurück"));
     Command2->setMinimumSize(56, 56);
     Command1 = pictureButton(QStringLiteral(":/button-next.svg"), QStringLiteral("Nächste Frage"),
-                             central);
+                             central, 40);
     Command5 = pictureButton(QStringLiteral(":/button-repeat.svg"),
-                             QStringLiteral("Aufgabe wiederholen"), central);
+                             QStringLiteral("Aufgabe wiederholen"), central, 40);
     Command4 = new QPushButton(QStringLiteral(">>"), central);
     Command4->setAccessibleName(QStringLiteral("Eine Seite weiter (>>)"));
     Command4->setToolTip(QStringLiteral("Eine Seite weiter"));
     Command4->setMinimumSize(56, 56);
     Command3 =
-        pictureButton(QStringLiteral(":/button-end.svg"), QStringLiteral("Beenden"), central);
+        pictureButton(QStringLiteral(":/button-end.svg"), QStringLiteral("Beenden"), central, 40);
     Label6 = new QLabel(QStringLiteral("Punkte:"), central);
     Label9 = new QLabel(central);
     QFont pointsFont = Label9->font();
