@@ -53,6 +53,27 @@ private:
     std::function<QRect(const QRect &, QSize)> place_;
 };
 
+// A panel that appears over the page takes the keyboard focus on its first button, so that a
+// pupil working with the keyboard lands in it rather than on the covered page.
+class FocusOnShow : public QObject {
+public:
+    FocusOnShow(QWidget *panel, QWidget *first)
+        : QObject(panel)
+        , first_(first) {
+        panel->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *, QEvent *e) override {
+        if (e->type() == QEvent::Show)
+            first_->setFocus();
+        return false;
+    }
+
+private:
+    QWidget *first_;
+};
+
 QRect centred(const QRect &area, QSize size) {
     size = size.boundedTo(area.size());
     return {area.center().x() - size.width() / 2, area.center().y() - size.height() / 2,
@@ -157,6 +178,7 @@ ExitFrame buildExitFrame(QWidget *page) {
     new Placement(
         page, f.Picture10, [](const QRect &area, QSize) { return area; }, f.Frame10);
 
+    new FocusOnShow(f.Frame10, f.Command11);
     f.Picture10->hide();
     f.Frame10->hide();
     return f;
@@ -205,6 +227,7 @@ Overview buildOverview(QWidget *page) {
         },
         o.Frame2);
 
+    new FocusOnShow(o.Frame2, o.lines[0]);
     o.Shape6->hide();
     o.Frame2->hide();
     return o;
