@@ -233,6 +233,7 @@ private Q_SLOTS:
         QTest::newRow("10 of 50: 20 %") << 10 << 50 << usual << u""_s << u"Zensur:   5"_s;
         QTest::newRow("10 of 51") << 10 << 51 << usual << u""_s << u"Zensur:   6"_s;
         QTest::newRow("10 of 25: 40 %") << 10 << 25 << usual << u""_s << u"Zensur:   4"_s;
+        QTest::newRow("8 of 10: 80 %") << 8 << 10 << usual << u""_s << u"Zensur:   2"_s;
         QTest::newRow("scale in reverse order: the last hit wins")
             << 10 << 33 << QList<int>{50, 40, 30, 20, 10} << u""_s << u"Zensur:   1"_s;
         QTest::newRow("before the first click") << 0 << 0 << usual << u""_s << QString();
