@@ -31,9 +31,9 @@ double leadingNumber(const QString &text) {
         if (c == QLatin1Char(' ') || c == QLatin1Char('\t') || c == QLatin1Char('\r') ||
             c == QLatin1Char('\n'))
             continue;
-        if (c.isDigit() && c.unicode() < 128)
-            digits.append(c);
-        else if ((c == QLatin1Char('-') || c == QLatin1Char('+')) && digits.isEmpty())
+        const bool digit = c.isDigit() && c.unicode() < 128;
+        const bool sign = (c == QLatin1Char('-') || c == QLatin1Char('+')) && digits.isEmpty();
+        if (digit || sign)
             digits.append(c);
         else if (c == QLatin1Char('.') && !point) {
             point = true;
