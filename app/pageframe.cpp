@@ -99,6 +99,10 @@ const std::array<QString, 11> kOverviewLines = {
     QStringLiteral("Seite 11 (Abschlusstest)"),
 };
 
+void placeOver(QWidget *page, QWidget *panel, std::function<QRect(const QRect &, QSize)> place) {
+    new Placement(page, panel, std::move(place));
+}
+
 Menus buildMenus(QMainWindow *page, bool withPointsEntry) {
     Menus m;
     QMenuBar *bar = page->menuBar();

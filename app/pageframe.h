@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QRect>
+#include <QSize>
 #include <QString>
 
 #include <array>
@@ -44,6 +46,10 @@ void mnuAWeise_Click();
 void mnuAuflösung_Click();
 void mnuVoraus_Click();
 void mnuAutor_Click();
+
+// Keeps a panel that is not part of the page's layout where place() puts it, as the page changes
+// size and whenever the panel appears. Showing such a panel costs the page no new layout.
+void placeOver(QWidget *page, QWidget *panel, std::function<QRect(const QRect &, QSize)> place);
 
 struct ExitFrame {
     QWidget *Picture10 = nullptr; // cover over the page behind the frame

@@ -58,6 +58,7 @@ namespace {
 
 constexpr int kExplanationMs = 10000;
 constexpr int kPaceNoteMs = 5000;
+constexpr int kPaceNoteWidth = 236;
 constexpr int kDrawingHeight = 110;
 constexpr int kDrawingMinHeight = 72;
 
@@ -196,7 +197,14 @@ void LessonPage::buildControls() {
     notePalette.setColor(QPalette::WindowText, QColor(120, 0, 0));
     Label8->setPalette(notePalette);
     Label8->setMargin(6);
-    grid->addWidget(Label8, 2, 2, 2, 1, Qt::AlignTop);
+    // The note floats in a column kept free for it beside the answer and the remarks, so that
+    // showing it does not lay the page out again while the pupil waits for the verdict.
+    grid->setColumnMinimumWidth(2, kPaceNoteWidth);
+    Label8->setFixedWidth(kPaceNoteWidth);
+    PageFrame::placeOver(central, Label8, [this](const QRect &, QSize) {
+        const QPoint topLeft(Label7->geometry().right() + 12, Text1->geometry().top());
+        return QRect(topLeft, QSize(kPaceNoteWidth, Label8->heightForWidth(kPaceNoteWidth)));
+    });
     Label8->hide();
 
     Label5 = heading(QStringLiteral("Bemer-      kungen:"), central);
