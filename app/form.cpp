@@ -40,6 +40,29 @@ QString windowCaption(int blanks, const QString &title) {
     return QStringLiteral("Kelvora") + QString(blanks, QLatin1Char(' ')) + title;
 }
 
+QString captionOnScreen(const QString &caption, int lineRun, int paragraphRun) {
+    QString shown;
+    shown.reserve(caption.size());
+    for (qsizetype i = 0; i < caption.size();) {
+        if (caption.at(i) != u' ') {
+            shown.append(caption.at(i++));
+            continue;
+        }
+        qsizetype end = i;
+        while (end < caption.size() && caption.at(end) == u' ')
+            ++end;
+        const qsizetype run = end - i;
+        if (run >= paragraphRun)
+            shown += QStringLiteral("\n\n");
+        else if (run >= lineRun)
+            shown += QLatin1Char('\n');
+        else
+            shown += QString(run, QLatin1Char(' '));
+        i = end;
+    }
+    return shown;
+}
+
 QWidget *tintedCentralWidget(QMainWindow *window) {
     auto *central = new QWidget(window);
     central->setAutoFillBackground(true);

@@ -60,6 +60,11 @@ private:
 // of the caption bar.
 QString windowCaption(int blanks, const QString &title);
 
+// A caption as shown on screen: in the programme's captions, runs of blanks stand for line
+// breaks. A run of at least lineRun blanks becomes a line break, one of at least paragraphRun an
+// empty line; shorter runs stay as they are.
+QString captionOnScreen(const QString &caption, int lineRun, int paragraphRun);
+
 // The pale blue central widget of the title-like screens (start, control centre, end page).
 QWidget *tintedCentralWidget(QMainWindow *window);
 // A bold heading in the programme's dark blue.

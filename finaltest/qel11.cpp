@@ -30,15 +30,6 @@ const QString kTestInstruction = QStringLiteral("  Überlege und klicke dann die
                                  QString(52, QLatin1Char(' ')) +
                                  QStringLiteral("Überlege bei falscher Lösung noch einmal.");
 
-QString captionOnScreen(const QString &caption) {
-    static const QRegularExpression paragraph(QStringLiteral(" {40,}"));
-    static const QRegularExpression run(QStringLiteral(" {2,}"));
-    QString shown = caption.trimmed();
-    shown.replace(paragraph, QStringLiteral("\n\n"));
-    shown.replace(run, QStringLiteral("\n"));
-    return shown;
-}
-
 QString questionOnScreen(const QString &caption) {
     // "Stoß-   ionisation": a word broken by hand for the original line width. On screen the
     // word is whole again, with a soft hyphen where the line may still break.
@@ -55,7 +46,7 @@ CaptionLabel::CaptionLabel(const QString &caption, QWidget *parent)
 
 void CaptionLabel::setCaption(const QString &caption) {
     caption_ = caption;
-    setText(captionOnScreen(caption));
+    setText(captionOnScreen(caption.trimmed(), 2, 40));
     setAccessibleName(caption.simplified());
 }
 

@@ -28,9 +28,6 @@ private:
     QString caption_;
 };
 
-// The caption as shown on screen: runs of blanks as line breaks.
-QString captionOnScreen(const QString &caption);
-
 // Page 11, the final test: ten questions with four option buttons each, every click judged,
 // counted and logged, then grading, printing, restarting and the way to the end page.
 class Qel11 : public Form {

@@ -51,15 +51,6 @@ namespace {
 
 // Label1 breaks into lines at its longer runs of blanks only; the double blanks inside its
 // lines stay as they are.
-QString explanationOnScreen(const QString &caption) {
-    static const QRegularExpression paragraph(QStringLiteral(" {40,}"));
-    static const QRegularExpression run(QStringLiteral(" {3,}"));
-    QString shown = caption;
-    shown.replace(paragraph, QStringLiteral("\n\n"));
-    shown.replace(run, QStringLiteral("\n"));
-    return shown;
-}
-
 const QString kNonsenseHint = QStringLiteral(" Hinweis:") + blanks(30) +
                               QStringLiteral("Diese Eingabe war unsinnig und wurde    "
                                              "automatisch gelöscht.");
@@ -95,7 +86,7 @@ QelZens::QelZens(QWidget *parent)
     page->setSpacing(10);
 
     Label1 = new CaptionLabel(kScoringExplanation, central);
-    Label1->setText(explanationOnScreen(kScoringExplanation));
+    Label1->setText(captionOnScreen(kScoringExplanation, 3, 40));
     Label1->setWordWrap(true);
     Label1->setFrameShape(QFrame::StyledPanel);
     Label1->setMargin(8);
@@ -134,7 +125,7 @@ QelZens::QelZens(QWidget *parent)
     for (std::size_t h = 0; h < Label3.size(); ++h) {
         Label3[h] = new CaptionLabel(h == 0 ? kNonsenseHint : kBlankHint, central);
         Label3[h]->setObjectName(QStringLiteral("Label3_%1").arg(h));
-        Label3[h]->setText(explanationOnScreen(Label3[h]->caption()));
+        Label3[h]->setText(captionOnScreen(Label3[h]->caption(), 3, 40));
         Label3[h]->setStyleSheet(QStringLiteral("color: #b3141e;"));
         Label3[h]->hide();
         hints->addWidget(Label3[h]);

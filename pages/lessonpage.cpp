@@ -33,15 +33,6 @@ const QString kPaceNote = QStringLiteral("  Hinweis:") + QString(64, QLatin1Char
                           QString(146, QLatin1Char(' ')) +
                           QStringLiteral("Du arbeitest also zu hastig!");
 
-QString captionLines(const QString &caption) {
-    static const QRegularExpression longRun(QStringLiteral(" {100,}"));
-    static const QRegularExpression run(QStringLiteral(" {3,}"));
-    QString shown = caption.trimmed();
-    shown.replace(longRun, QStringLiteral("\n\n"));
-    shown.replace(run, QStringLiteral("\n"));
-    return shown;
-}
-
 QString paceNoteLines(const QString &caption) {
     // The long runs end the heading and the paragraph; the short ones only fill a line.
     static const QRegularExpression paragraph(QStringLiteral(" {100,}"));
@@ -63,7 +54,7 @@ constexpr int kDrawingHeight = 110;
 constexpr int kDrawingMinHeight = 72;
 
 QLabel *heading(const QString &caption, QWidget *parent) {
-    auto *label = new QLabel(captionLines(caption), parent);
+    auto *label = new QLabel(captionOnScreen(caption.trimmed(), 3, 100), parent);
     label->setAccessibleName(caption.simplified());
     QFont f = label->font();
     f.setBold(true);

@@ -88,8 +88,6 @@ private:
 extern const QString kPaceNote;
 // The pace note as shown: heading, paragraph and closing line.
 QString paceNoteLines(const QString &caption);
-// A caption whose runs of blanks stand for line breaks, as shown on screen.
-QString captionLines(const QString &caption);
 
 // Makes the ten lesson pages known to the screen layer.
 void registerLessonPages();
