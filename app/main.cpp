@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "aufloesung.h"
+// The composition root: every screen is made known to the screen layer here, and only here.
+#include "application.h"
+#include "displaymodescreen.h"
+#include "finaltestpage.h"
 #include "lessonpage.h"
-#include "qel11.h"
 #include "screens.h"
 #include "shell.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "grading.h"
 
-#include "modul1.h"
-#include "qel11.h"
+#include "course.h"
+#include "finaltestpage.h"
 #include "resultlog.h"
 #include "screens.h"
 #include "seams.h"
@@ -12,49 +12,47 @@
 #include <QLabel>
 #include <QPushButton>
 
-using namespace Modul1;
-
 QString gradeText(int correct, int answered) {
-    QString GradeText;
+    QString text;
     const double s = static_cast<double>(correct) / static_cast<double>(answered);
-    const double min5 = GradeMin5 / 100.0;
-    const double min4 = GradeMin4 / 100.0;
-    const double min3 = GradeMin3 / 100.0;
-    const double min2 = GradeMin2 / 100.0;
-    const double min1 = GradeMin1 / 100.0;
+    const double min5 = course.gradeMin5 / 100.0;
+    const double min4 = course.gradeMin4 / 100.0;
+    const double min3 = course.gradeMin3 / 100.0;
+    const double min2 = course.gradeMin2 / 100.0;
+    const double min1 = course.gradeMin1 / 100.0;
     // Each test that holds overwrites the one before, so with a scale out of order the last
     // hit wins, and with none the text stays empty.
     if (s < min5)
-        GradeText = QStringLiteral("Zensur:   6");
+        text = QStringLiteral("Zensur:   6");
     if (s >= min5 && s < min4)
-        GradeText = QStringLiteral("Zensur:   5");
+        text = QStringLiteral("Zensur:   5");
     if (s >= min4 && s < min3)
-        GradeText = QStringLiteral("Zensur:   4");
+        text = QStringLiteral("Zensur:   4");
     if (s >= min3 && s < min2)
-        GradeText = QStringLiteral("Zensur:   3");
+        text = QStringLiteral("Zensur:   3");
     if (s >= min2 && s < min1)
-        GradeText = QStringLiteral("Zensur:   2");
+        text = QStringLiteral("Zensur:   2");
     if (s >= min1)
-        GradeText = QStringLiteral("Zensur:   1");
-    return GradeText;
+        text = QStringLiteral("Zensur:   1");
+    return text;
 }
 
-void GradeTest() {
-    if (TestAnsweredCount == 0)
+void gradeTest() {
+    if (course.testAnsweredCount == 0)
         return;
-    const QString GradeText = gradeText(TestCorrectCount, TestAnsweredCount);
+    const QString grade = gradeText(course.testCorrectCount, course.testAnsweredCount);
 
-    if (auto *page = Screens::loaded<Qel11>(ScreenId::Qel11)) {
-        page->Label15->setText(GradeText);
-        page->Label15->setVisible(true);
-        page->Command1->setFocus();
+    if (auto *page = Screens::loaded<FinalTestPage>(ScreenId::FinalTest)) {
+        page->gradeLabel->setText(grade);
+        page->gradeLabel->setVisible(true);
+        page->endPageButton->setFocus();
     }
 
     // The grade file may fail in every step; the grade stays on the page all the same.
-    QFile file(GradeFilePath);
+    QFile file(course.gradeFilePath);
     if (file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
         const QString lines[] = {
-            PrintLine().text(QStringLiteral("Programm Kelvora:")).nextZone().text(GradeText).str(),
+            PrintLine().text(QStringLiteral("Programm Kelvora:")).nextZone().text(grade).str(),
             QString(),
             dateTimeText(Seams::now()),
         };

@@ -3,9 +3,10 @@
 
 #include <QString>
 
-// Turns the final test's two counters into a school grade by the scale GradeMin5..GradeMin1,
-// shows it on page 11 and writes it to ZensurQel.txt. Does nothing before the first click.
-void GradeTest();
+// GradeTest: turns the final test's two counters into a school grade by the scale gradeMin5 ..
+// gradeMin1, shows it on page 11 and writes it to ZensurQel.txt. Does nothing before the first
+// click.
+void gradeTest();
 
 // The grade for `correct` right clicks out of `answered` by the current scale: "Zensur:   1" ..
 // "Zensur:   6", or empty when the scale is so inconsistent that no test holds.

@@ -18,52 +18,57 @@ const std::array<QString, 4> kFunctions = {
 } // namespace
 
 const std::array<TestQuestion, kTestQuestionCount> kTestQuestions = {{
-    {QStringLiteral("Aufgabe 1"),
-     QStringLiteral("Welche Ladungsträger leiten in Metallen den Strom?"),
-     kCarriers,
-     {true, false, false, false}},
-    {QStringLiteral("Aufgabe 2"),
-     QStringLiteral("Welche Ladungsträger leiten nach Stoß-   ionisation in Gasen den Strom?"),
-     kCarriers,
-     {false, false, false, true}},
-    {QStringLiteral("Aufgabe 3"),
-     QStringLiteral("Welche Ladungsträger leiten in Halbleitern den Strom?"),
-     kCarriers,
-     {false, true, false, false}},
-    {QStringLiteral("Aufgabe 4"),
-     QStringLiteral("Wie heißt der Vorgang, bei dem in einem Gas massenhaft und schnell "
-                    "Ladungs-    träger erzeugt werden?"),
-     kEffects,
-     {false, false, true, false}},
-    {QStringLiteral("Aufgabe 5"),
-     QStringLiteral("Selen sendet Elektronen aus, wenn es mit Licht bestrahlt wird. Wie heißt "
-                    "dieser Vorgang?"),
-     kEffects,
-     {false, true, false, false}},
-    {QStringLiteral("Aufgabe 6"),
-     QStringLiteral("Durch welchen Vorgang werden in einer Braunschen Röhre Ladungs- träger "
-                    "erzeugt?"),
-     kEffects,
-     {true, false, false, false}},
-    {QStringLiteral("Aufgabe 7"),
-     QStringLiteral("Wie ändert sich der Widerstand von Halbleitern, wenn sie erwärmt werden?"),
-     {QStringLiteral("wird um ein Vielfaches größer"), QStringLiteral("wird größer"),
-      QStringLiteral("wird kleiner"), QStringLiteral("bleibt gleich")},
-     {false, false, true, false}},
-    {QStringLiteral("Aufgabe 8"),
-     QStringLiteral("Welche Leitungsart entsteht in Halb- leitern, wenn Atome mit größerer An- "
-                    "zahl an Außenelektronen eingebaut werden?"),
-     {QStringLiteral("p-Leitung"), QStringLiteral("n-Leitung"), QStringLiteral("Eigenleitung"),
-      QStringLiteral("andere Leitungsart")},
-     {false, true, false, false}},
-    {QStringLiteral("Aufgabe 9"),
-     QStringLiteral("Welche Funktion hat eine Halbleiterdiode?"),
-     kFunctions,
-     {false, true, false, false}},
-    {QStringLiteral("Aufgabe 10"),
-     QStringLiteral("Welche Funktion hat ein Transistor?"),
-     kFunctions,
-     {false, false, true, true}},
+    {.frame = QStringLiteral("Aufgabe 1"),
+     .text = QStringLiteral("Welche Ladungsträger leiten in Metallen den Strom?"),
+     .options = kCarriers,
+     .right = {true, false, false, false}},
+    {.frame = QStringLiteral("Aufgabe 2"),
+     .text =
+         QStringLiteral("Welche Ladungsträger leiten nach Stoß-   ionisation in Gasen den Strom?"),
+     .options = kCarriers,
+     .right = {false, false, false, true}},
+    {.frame = QStringLiteral("Aufgabe 3"),
+     .text = QStringLiteral("Welche Ladungsträger leiten in Halbleitern den Strom?"),
+     .options = kCarriers,
+     .right = {false, true, false, false}},
+    {.frame = QStringLiteral("Aufgabe 4"),
+     .text = QStringLiteral("Wie heißt der Vorgang, bei dem in einem Gas massenhaft und schnell "
+                            "Ladungs-    träger erzeugt werden?"),
+     .options = kEffects,
+     .right = {false, false, true, false}},
+    {.frame = QStringLiteral("Aufgabe 5"),
+     .text =
+         QStringLiteral("Selen sendet Elektronen aus, wenn es mit Licht bestrahlt wird. Wie heißt "
+                        "dieser Vorgang?"),
+     .options = kEffects,
+     .right = {false, true, false, false}},
+    {.frame = QStringLiteral("Aufgabe 6"),
+     .text =
+         QStringLiteral("Durch welchen Vorgang werden in einer Braunschen Röhre Ladungs- träger "
+                        "erzeugt?"),
+     .options = kEffects,
+     .right = {true, false, false, false}},
+    {.frame = QStringLiteral("Aufgabe 7"),
+     .text =
+         QStringLiteral("Wie ändert sich der Widerstand von Halbleitern, wenn sie erwärmt werden?"),
+     .options = {QStringLiteral("wird um ein Vielfaches größer"), QStringLiteral("wird größer"),
+                 QStringLiteral("wird kleiner"), QStringLiteral("bleibt gleich")},
+     .right = {false, false, true, false}},
+    {.frame = QStringLiteral("Aufgabe 8"),
+     .text =
+         QStringLiteral("Welche Leitungsart entsteht in Halb- leitern, wenn Atome mit größerer An- "
+                        "zahl an Außenelektronen eingebaut werden?"),
+     .options = {QStringLiteral("p-Leitung"), QStringLiteral("n-Leitung"),
+                 QStringLiteral("Eigenleitung"), QStringLiteral("andere Leitungsart")},
+     .right = {false, true, false, false}},
+    {.frame = QStringLiteral("Aufgabe 9"),
+     .text = QStringLiteral("Welche Funktion hat eine Halbleiterdiode?"),
+     .options = kFunctions,
+     .right = {false, true, false, false}},
+    {.frame = QStringLiteral("Aufgabe 10"),
+     .text = QStringLiteral("Welche Funktion hat ein Transistor?"),
+     .options = kFunctions,
+     .right = {false, false, true, true}},
 }};
 
 bool isRightOption(int index) {

@@ -10,7 +10,7 @@
 // What differs from one lesson page to the next. Plain data: the page engine only reads it.
 
 // One question's answer key: the feedback picture that each typed letter shows, whether the
-// letter scores, and the value the scoring letter puts into AnswerCorrectFlag.
+// letter scores, and the value the scoring letter puts into answerCorrectFlag.
 struct AnswerKey {
     std::array<int, 3> shows;   // picture index for "A", "B", "C"
     std::array<bool, 3> scores; // the scoring letter or letters
@@ -22,7 +22,7 @@ struct PageInfo {
     int captionBlanks; // blanks between "Kelvora" and "Seite N"
     std::array<AnswerKey, 5> key;
     int highestFeedbackIndex;
-    // Text1_Click: pictures that send the focus to "try again", then those that send it to
+    // onAnswerClicked: pictures that send the focus to "try again", then those that send it to
     // "next question". An index the page does not have counts as a picture that is not visible.
     std::vector<int> wrongGroup;
     std::vector<int> rightGroup;

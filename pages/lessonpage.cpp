@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "lessonpage.h"
 
-#include "modul1.h"
+#include "captionlabel.h"
+#include "course.h"
 #include "picture.h"
 #include "questionbank.h"
 #include "screens.h"
 #include "seams.h"
 #include "textfiles.h"
+#include "theme.h"
+#include "widgets.h"
 
 #include <QAction>
 #include <QEvent>
@@ -16,12 +19,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QTimer>
 
 #include <cmath>
-
-using namespace Modul1;
 
 const QString kPaceNote = QStringLiteral("  Hinweis:") + QString(64, QLatin1Char(' ')) +
                           QStringLiteral("Damit du dir bei diesem Lernprogramm viel merken "
@@ -33,29 +33,20 @@ const QString kPaceNote = QStringLiteral("  Hinweis:") + QString(64, QLatin1Char
                           QString(146, QLatin1Char(' ')) +
                           QStringLiteral("Du arbeitest also zu hastig!");
 
-QString paceNoteLines(const QString &caption) {
-    // The long runs end the heading and the paragraph; the short ones only fill a line.
-    static const QRegularExpression paragraph(QStringLiteral(" {100,}"));
-    static const QRegularExpression line(QStringLiteral(" {40,}"));
-    static const QRegularExpression filler(QStringLiteral(" {3,}"));
-    QString shown = caption.trimmed();
-    shown.replace(paragraph, QStringLiteral("\n\n"));
-    shown.replace(line, QStringLiteral("\n"));
-    shown.replace(filler, QStringLiteral(" "));
-    return shown;
-}
-
 namespace {
 
 constexpr int kExplanationMs = 10000;
+// Headings break at their runs of blanks; the pace note has a heading, a paragraph filled up
+// with blanks to its line ends, and a closing line.
+constexpr BlankRuns kHeadingRuns{.line = 3, .paragraph = 100};
+constexpr BlankRuns kPaceNoteRuns{.line = 40, .paragraph = 100, .collapse = 3};
 constexpr int kPaceNoteMs = 5000;
 constexpr int kPaceNoteWidth = 236;
 constexpr int kDrawingHeight = 110;
 constexpr int kDrawingMinHeight = 72;
 
-QLabel *heading(const QString &caption, QWidget *parent) {
-    auto *label = new QLabel(captionOnScreen(caption.trimmed(), 3, 100), parent);
-    label->setAccessibleName(caption.simplified());
+CaptionLabel *heading(const QString &caption, QWidget *parent) {
+    auto *label = new CaptionLabel(caption, kHeadingRuns, parent);
     QFont f = label->font();
     f.setBold(true);
     label->setFont(f);
@@ -81,43 +72,30 @@ private:
     std::function<void()> onClick_;
 };
 
-QString explanationHtml() {
-    const auto cell = [](const QString &what, const QString &text) {
-        return QStringLiteral("<td align=\"center\" valign=\"middle\">%1</td>"
-                              "<td valign=\"middle\">%2&nbsp;&nbsp;&nbsp;</td>")
-            .arg(what, text);
-    };
-    const auto icon = [](const char *file) {
-        return QStringLiteral("<img src=\":/%1\" width=\"26\" height=\"26\">")
-            .arg(QLatin1String(file));
-    };
-    return QStringLiteral("<div style=\"font-size:10pt;\"><b>Die Steuerbuttons:</b>"
-                          "<table cellspacing=\"0\" cellpadding=\"1\"><tr>") +
-           cell(icon("button-next.svg"),
-                QStringLiteral("Nächste Frage (nach einer richtigen Antwort)")) +
-           cell(QStringLiteral("<b>&lt;&lt;</b>"), QStringLiteral("eine Seite zurück")) +
-           QStringLiteral("</tr><tr>") +
-           cell(icon("button-repeat.svg"),
-                QStringLiteral("Aufgabe wiederholen (nach einer falschen Antwort)")) +
-           cell(QStringLiteral("<b>&gt;&gt;</b>"), QStringLiteral("eine Seite weiter")) +
-           QStringLiteral("</tr><tr>") +
-           cell(icon("button-end.svg"), QStringLiteral("Lernprogramm beenden")) +
-           QStringLiteral("<td></td><td></td></tr></table></div>");
-}
+const QList<ExplanationItem> kExplanation = {
+    {QStringLiteral(":/button-next.svg"),
+     {},
+     QStringLiteral("Nächste Frage (nach einer richtigen Antwort)")},
+    {{}, QStringLiteral("<<"), QStringLiteral("eine Seite zurück")},
+    {QStringLiteral(":/button-repeat.svg"),
+     {},
+     QStringLiteral("Aufgabe wiederholen (nach einer falschen Antwort)")},
+    {{}, QStringLiteral(">>"), QStringLiteral("eine Seite weiter")},
+    {QStringLiteral(":/button-end.svg"), {}, QStringLiteral("Lernprogramm beenden")},
+};
 
 } // namespace
 
 LessonPage::LessonPage(int page, QWidget *parent)
-    : Form(pageScreen(page), parent)
+    : PageBase(pageScreen(page), page, parent)
     , info_(pageInfo(page)) {
     buildControls();
 }
 
 void LessonPage::buildControls() {
     setWindowTitle(
-        windowCaption(info_.captionBlanks, QStringLiteral("Seite %1").arg(info_.number)));
+        Theme::windowCaption(info_.captionBlanks, QStringLiteral("Seite %1").arg(info_.number)));
     resize(800, 600);
-    menus = PageFrame::buildMenus(this, true);
 
     auto *central = new QWidget(this);
     setCentralWidget(central);
@@ -126,20 +104,29 @@ void LessonPage::buildControls() {
     grid->setHorizontalSpacing(12);
     grid->setVerticalSpacing(8);
     grid->setColumnStretch(1, 1);
+    buildPageParts(central, {.withPointsEntry = true,
+                             .explanation = explanationHtml(kExplanation, 2),
+                             .explanationName = QStringLiteral("Image4"),
+                             .overviewLineName = QStringLiteral("Label11"),
+                             .iconSize = 40});
+    overviewNote->setObjectName(QStringLiteral("Label1"));
+    if (info_.firstPage)
+        addExplanationTimers(kExplanationMs, QStringLiteral("Label12"));
 
     const PageBank &bank = pageBank(info_.number);
 
-    Label2 = heading(QStringLiteral("Frage:"), central);
-    grid->addWidget(Label2, 0, 0);
-    for (std::size_t i = 0; i < Image1.size(); ++i) {
-        Image1[i] = new Picture(questionHtml(bank.questions[i]), central);
+    questionHeading = heading(QStringLiteral("Frage:"), central);
+    grid->addWidget(questionHeading, 0, 0);
+    for (std::size_t i = 0; i < questionPictures.size(); ++i) {
+        questionPictures[i] = new Picture(questionHtml(bank.questions[i]), central);
         if (!bank.questions[i].drawing.isEmpty()) {
-            Image1[i]->setDrawing(bank.questions[i].drawing, bank.questions[i].drawingDescription);
+            questionPictures[i]->setDrawing(bank.questions[i].drawing,
+                                            bank.questions[i].drawingDescription);
             // The drawing stands beside the question text, 72 to 110 pixels high, so that
             // the page still fits a screen of 800 x 600 pixels.
-            if (auto *box = qobject_cast<QBoxLayout *>(Image1[i]->layout()))
+            if (auto *box = qobject_cast<QBoxLayout *>(questionPictures[i]->layout()))
                 box->setDirection(QBoxLayout::LeftToRight);
-            if (auto *view = Image1[i]->findChild<SvgView *>()) {
+            if (auto *view = questionPictures[i]->findChild<SvgView *>()) {
                 const QSize full = view->sizeHint();
                 view->setMinimumSize(
                     full.scaled(QSize(QWIDGETSIZE_MAX, kDrawingMinHeight), Qt::KeepAspectRatio));
@@ -147,59 +134,59 @@ void LessonPage::buildControls() {
                     full.scaled(QSize(QWIDGETSIZE_MAX, kDrawingHeight), Qt::KeepAspectRatio));
             }
         }
-        Image1[i]->setObjectName(QStringLiteral("Image1_%1").arg(i));
-        grid->addWidget(Image1[i], 0, 1, 1, 2);
-        Image1[i]->setVisible(i == 0);
+        questionPictures[i]->setObjectName(QStringLiteral("Image1_%1").arg(i));
+        grid->addWidget(questionPictures[i], 0, 1, 1, 2);
+        questionPictures[i]->setVisible(i == 0);
     }
 
-    Label3 = heading(QStringLiteral("Auswahl-      Antworten:"), central);
-    grid->addWidget(Label3, 1, 0);
-    for (std::size_t i = 0; i < Image2.size(); ++i) {
-        Image2[i] = new Picture(optionsHtml(bank.questions[i]), central);
-        Image2[i]->setObjectName(QStringLiteral("Image2_%1").arg(i));
-        grid->addWidget(Image2[i], 1, 1, 1, 2);
-        Image2[i]->setVisible(i == 0);
+    optionsHeading = heading(QStringLiteral("Auswahl-      Antworten:"), central);
+    grid->addWidget(optionsHeading, 1, 0);
+    for (std::size_t i = 0; i < optionPictures.size(); ++i) {
+        optionPictures[i] = new Picture(optionsHtml(bank.questions[i]), central);
+        optionPictures[i]->setObjectName(QStringLiteral("Image2_%1").arg(i));
+        grid->addWidget(optionPictures[i], 1, 1, 1, 2);
+        optionPictures[i]->setVisible(i == 0);
     }
 
-    Label4 = heading(QStringLiteral("Antwort:"), central);
-    grid->addWidget(Label4, 2, 0, Qt::AlignVCenter);
+    answerHeading = heading(QStringLiteral("Antwort:"), central);
+    grid->addWidget(answerHeading, 2, 0, Qt::AlignVCenter);
     auto *answerRow = new QHBoxLayout;
-    Text1 = new QLineEdit(central);
-    Text1->setAccessibleName(QStringLiteral("Antwort"));
-    Text1->setFixedWidth(56);
-    Text1->setAlignment(Qt::AlignCenter);
-    QFont answerFont = Text1->font();
+    answerEdit = new QLineEdit(central);
+    answerEdit->setAccessibleName(QStringLiteral("Antwort"));
+    answerEdit->setFixedWidth(56);
+    answerEdit->setAlignment(Qt::AlignCenter);
+    QFont answerFont = answerEdit->font();
     answerFont.setPointSize(18);
     answerFont.setBold(true);
-    Text1->setFont(answerFont);
-    answerRow->addWidget(Text1);
-    Label7 = new QLabel(
+    answerEdit->setFont(answerFont);
+    answerRow->addWidget(answerEdit);
+    instructionLabel = new QLabel(
         QStringLiteral(" Antworte mit A, B oder C; du kannst auch a, b oder c eingeben."), central);
-    answerRow->addWidget(Label7, 1);
+    answerRow->addWidget(instructionLabel, 1);
     grid->addLayout(answerRow, 2, 1);
 
-    Label8 = new QLabel(paceNoteLines(kPaceNote), central);
-    Label8->setAccessibleName(kPaceNote.simplified());
-    Label8->setWordWrap(true);
-    Label8->setFrameShape(QFrame::Box);
-    Label8->setAutoFillBackground(true);
-    QPalette notePalette = Label8->palette();
-    notePalette.setColor(QPalette::Window, QColor(255, 236, 160));
-    notePalette.setColor(QPalette::WindowText, QColor(120, 0, 0));
-    Label8->setPalette(notePalette);
-    Label8->setMargin(6);
+    paceNote = new CaptionLabel(kPaceNote, kPaceNoteRuns, central);
+    paceNote->setWordWrap(true);
+    paceNote->setFrameShape(QFrame::Box);
+    paceNote->setAutoFillBackground(true);
+    QPalette notePalette = paceNote->palette();
+    notePalette.setColor(QPalette::Window, Theme::kPaceNote);
+    notePalette.setColor(QPalette::WindowText, Theme::kPaceNoteText);
+    paceNote->setPalette(notePalette);
+    paceNote->setMargin(6);
     // The note floats in a column kept free for it beside the answer and the remarks, so that
     // showing it does not lay the page out again while the pupil waits for the verdict.
     grid->setColumnMinimumWidth(2, kPaceNoteWidth);
-    Label8->setFixedWidth(kPaceNoteWidth);
-    PageFrame::placeOver(central, Label8, [this](const QRect &, QSize) {
-        const QPoint topLeft(Label7->geometry().right() + 12, Text1->geometry().top());
-        return QRect(topLeft, QSize(kPaceNoteWidth, Label8->heightForWidth(kPaceNoteWidth)));
+    paceNote->setFixedWidth(kPaceNoteWidth);
+    placeOver(central, paceNote, [this](const QRect &, QSize) {
+        const QPoint topLeft(instructionLabel->geometry().right() + 12,
+                             answerEdit->geometry().top());
+        return QRect(topLeft, QSize(kPaceNoteWidth, paceNote->heightForWidth(kPaceNoteWidth)));
     });
-    Label8->hide();
+    paceNote->hide();
 
-    Label5 = heading(QStringLiteral("Bemer-      kungen:"), central);
-    grid->addWidget(Label5, 3, 0);
+    remarksHeading = heading(QStringLiteral("Bemer-      kungen:"), central);
+    grid->addWidget(remarksHeading, 3, 0);
     const int pictures = info_.highestFeedbackIndex + 1;
     for (int i = 0; i < pictures; ++i) {
         const BankFeedback &f = bank.feedback.at(static_cast<std::size_t>(i));
@@ -207,352 +194,273 @@ void LessonPage::buildControls() {
         picture->setObjectName(QStringLiteral("Image3_%1").arg(i));
         grid->addWidget(picture, 3, 1);
         picture->hide();
-        Image3.append(picture);
+        feedbackPictures.append(picture);
     }
     grid->setRowStretch(3, 1);
 
-    Image4 = new Picture(explanationHtml(), central);
-    Image4->setObjectName(QStringLiteral("Image4"));
-    grid->addWidget(Image4, 4, 1, 1, 2);
-    if (info_.firstPage) {
-        Label12 = new QLabel(QStringLiteral("Erklärung der Buttons ein- und ausschalten: Menü: "
-                                            "Ansicht / Erklärung Steuerbuttons"),
-                             central);
-        Label12->setWordWrap(true);
-        grid->addWidget(Label12, 4, 1, 1, 2);
-        Label12->hide();
+    grid->addWidget(explanationPicture, 4, 1, 1, 2);
+    if (explanationHint) {
+        explanationHint->setWordWrap(true);
+        grid->addWidget(explanationHint, 4, 1, 1, 2);
     }
 
     auto *buttons = new QHBoxLayout;
-    Command2 = new QPushButton(QStringLiteral("<<"), central);
-    Command2->setAccessibleName(QStringLiteral("Eine Seite zurück (<<)"));
-    Command2->setToolTip(QStringLiteral("Eine Seite zurück"));
-    Command2->setMinimumSize(56, 56);
-    Command1 = pictureButton(QStringLiteral(":/button-next.svg"), QStringLiteral("Nächste Frage"),
-                             central, 40);
-    Command5 = pictureButton(QStringLiteral(":/button-repeat.svg"),
-                             QStringLiteral("Aufgabe wiederholen"), central, 40);
-    Command4 = new QPushButton(QStringLiteral(">>"), central);
-    Command4->setAccessibleName(QStringLiteral("Eine Seite weiter (>>)"));
-    Command4->setToolTip(QStringLiteral("Eine Seite weiter"));
-    Command4->setMinimumSize(56, 56);
-    Command3 =
-        pictureButton(QStringLiteral(":/button-end.svg"), QStringLiteral("Beenden"), central, 40);
-    Label6 = new QLabel(QStringLiteral("Punkte:"), central);
-    Label9 = new QLabel(central);
-    QFont pointsFont = Label9->font();
+    previousPageButton = new QPushButton(QStringLiteral("<<"), central);
+    previousPageButton->setAccessibleName(QStringLiteral("Eine Seite zurück (<<)"));
+    previousPageButton->setToolTip(QStringLiteral("Eine Seite zurück"));
+    previousPageButton->setMinimumSize(56, 56);
+    nextQuestionButton = pictureButton(QStringLiteral(":/button-next.svg"),
+                                       QStringLiteral("Nächste Frage"), central, 40);
+    retryButton = pictureButton(QStringLiteral(":/button-repeat.svg"),
+                                QStringLiteral("Aufgabe wiederholen"), central, 40);
+    nextPageButton = new QPushButton(QStringLiteral(">>"), central);
+    nextPageButton->setAccessibleName(QStringLiteral("Eine Seite weiter (>>)"));
+    nextPageButton->setToolTip(QStringLiteral("Eine Seite weiter"));
+    nextPageButton->setMinimumSize(56, 56);
+    pointsHeading = new QLabel(QStringLiteral("Punkte:"), central);
+    pointsLabel = new QLabel(central);
+    QFont pointsFont = pointsLabel->font();
     pointsFont.setPointSize(14);
     pointsFont.setBold(true);
-    Label9->setFont(pointsFont);
-    Label9->setMinimumWidth(110);
-    buttons->addWidget(Command2);
-    buttons->addWidget(Command1);
-    buttons->addWidget(Command5);
-    buttons->addWidget(Command4);
+    pointsLabel->setFont(pointsFont);
+    pointsLabel->setMinimumWidth(110);
+    buttons->addWidget(previousPageButton);
+    buttons->addWidget(nextQuestionButton);
+    buttons->addWidget(retryButton);
+    buttons->addWidget(nextPageButton);
     buttons->addStretch(1);
-    buttons->addWidget(Label6);
-    buttons->addWidget(Label9);
+    buttons->addWidget(pointsHeading);
+    buttons->addWidget(pointsLabel);
     buttons->addSpacing(16);
-    buttons->addWidget(Command3);
+    buttons->addWidget(endButton);
     grid->addLayout(buttons, 5, 0, 1, 3);
-    setActive(Command1, false);
-    setActive(Command5, false);
-    setActive(Command3, true);
+    setActive(nextQuestionButton, false);
+    setActive(retryButton, false);
     // The design order of the tab chain: answer, step buttons, pages, end.
-    setTabOrder(Text1, Command1);
-    setTabOrder(Command1, Command5);
-    setTabOrder(Command5, Command2);
-    setTabOrder(Command2, Command4);
-    setTabOrder(Command4, Command3);
+    setTabOrder(answerEdit, nextQuestionButton);
+    setTabOrder(nextQuestionButton, retryButton);
+    setTabOrder(retryButton, previousPageButton);
+    setTabOrder(previousPageButton, nextPageButton);
+    setTabOrder(nextPageButton, endButton);
 
-    exitFrame = PageFrame::buildExitFrame(central);
-    overview = PageFrame::buildOverview(central);
+    paceTimer = new QTimer(this);
 
-    Timer1 = new QTimer(this);
+    setFormNames({{answerEdit, "Text1"},
+                  {questionHeading, "Label2"},
+                  {optionsHeading, "Label3"},
+                  {answerHeading, "Label4"},
+                  {remarksHeading, "Label5"},
+                  {pointsHeading, "Label6"},
+                  {instructionLabel, "Label7"},
+                  {paceNote, "Label8"},
+                  {pointsLabel, "Label9"},
+                  {nextQuestionButton, "Command1"},
+                  {previousPageButton, "Command2"},
+                  {nextPageButton, "Command4"},
+                  {retryButton, "Command5"},
+                  {paceTimer, "Timer1"}});
+
+    connect(answerEdit, &QLineEdit::textChanged, this, &LessonPage::onAnswerChanged);
+    answerEdit->installEventFilter(new ClickFilter(this, [this] { onAnswerClicked(); }));
+    connect(nextQuestionButton, &QPushButton::clicked, this, &LessonPage::nextQuestion);
+    connect(previousPageButton, &QPushButton::clicked, this, &LessonPage::previousPage);
+    connect(nextPageButton, &QPushButton::clicked, this, &LessonPage::nextPage);
+    connect(retryButton, &QPushButton::clicked, this, &LessonPage::retry);
+    connect(paceTimer, &QTimer::timeout, this, &LessonPage::endPaceNote);
+    connectCheckEntry(pointsEntry, this, [this] { togglePoints(); });
+}
+
+void LessonPage::onLoad() {
     if (info_.firstPage) {
-        Timer2 = new QTimer(this);
-        Timer2->setInterval(kExplanationMs);
-        Timer3 = new QTimer(this);
-        Timer3->setInterval(kExplanationMs);
+        course.correctCount = 0;
+        course.answeredCount = 0;
     }
-
-    connect(Text1, &QLineEdit::textChanged, this, &LessonPage::Text1_Change);
-    Text1->installEventFilter(new ClickFilter(this, [this] { Text1_Click(); }));
-    connect(Command1, &QPushButton::clicked, this, &LessonPage::Command1_Click);
-    connect(Command2, &QPushButton::clicked, this, &LessonPage::Command2_Click);
-    connect(Command3, &QPushButton::clicked, this, &LessonPage::Command3_Click);
-    connect(Command4, &QPushButton::clicked, this, &LessonPage::Command4_Click);
-    connect(Command5, &QPushButton::clicked, this, &LessonPage::Command5_Click);
-    connect(overview.Command6, &QPushButton::clicked, this, &LessonPage::Command6_Click);
-    connect(exitFrame.Command10, &QPushButton::clicked, this, &LessonPage::Command10_Click);
-    connect(exitFrame.Command11, &QPushButton::clicked, this, &LessonPage::Command11_Click);
-    connect(exitFrame.Command12, &QPushButton::clicked, this, &LessonPage::Command12_Click);
-    for (std::size_t i = 0; i < overview.lines.size(); ++i) {
-        connect(overview.lines[i], &QPushButton::clicked, this,
-                [this, i] { Label11_Click(static_cast<int>(i)); });
-    }
-    connect(Timer1, &QTimer::timeout, this, &LessonPage::Timer1_Timer);
-    if (Timer2) {
-        connect(Timer2, &QTimer::timeout, this, &LessonPage::Timer2_Timer);
-        connect(Timer3, &QTimer::timeout, this, &LessonPage::Timer3_Timer);
-    }
-    PageFrame::connectCheckEntry(menus.mnuPunkt, this, [this] { mnuPunkt_Click(); });
-    PageFrame::connectCheckEntry(menus.mnuSteuer, this, [this] { mnuSteuer_Click(); });
-    connect(menus.mnuWo, &QAction::triggered, this, &LessonPage::mnuWo_Click);
+    course.answerCorrectFlag = 0;
+    course.answerEvaluated = 0;
+    course.questionStartTime =
+        static_cast<std::int32_t>(std::lround(Seams::secondsSinceMidnight()));
+    if (explanationTimer)
+        explanationTimer->start();
 }
 
-void LessonPage::Form_Load() {
-    if (info_.firstPage) {
-        CorrectCount = 0;
-        AnsweredCount = 0;
-    }
-    AnswerCorrectFlag = 0;
-    AnswerEvaluated = 0;
-    QuestionStartTime = static_cast<std::int32_t>(std::lround(Seams::secondsSinceMidnight()));
-    if (Timer2)
-        Timer2->start();
+void LessonPage::onActivate() {
+    course.startFilePath = TextFiles::programmePath(kStartFileName);
+    course.currentPage = static_cast<std::int16_t>(info_.number);
+    pointsLabel->setText(pointsText());
 }
 
-void LessonPage::Form_Activate() {
-    FileName = QStringLiteral("StartQelB.txt");
-    StartFilePath = TextFiles::programmePath(FileName);
-    CurrentPage = static_cast<std::int16_t>(info_.number);
-    Label9->setText(PointsText());
-}
-
-void LessonPage::FindCurrentQuestion() {
-    for (std::size_t i = 0; i < Image1.size(); ++i) {
-        if (!Image1[i]->isHidden()) {
-            QuestionIndex = static_cast<std::int16_t>(i);
+void LessonPage::findCurrentQuestion() {
+    for (std::size_t i = 0; i < questionPictures.size(); ++i) {
+        if (!questionPictures[i]->isHidden()) {
+            course.questionIndex = static_cast<std::int16_t>(i);
             return;
         }
     }
 }
 
-void LessonPage::EvaluateAnswer() {
-    AnswerEvaluated = 1;
-    const QString answer = Text1->text();
-    AnsweredCount += 1;
-    FindCurrentQuestion();
-    CheckAnswerPace(QuestionIndex == 0 ? 9 : 5);
+void LessonPage::evaluateAnswer() {
+    course.answerEvaluated = 1;
+    const QString answer = answerEdit->text();
+    course.answeredCount += 1;
+    findCurrentQuestion();
+    checkAnswerPace(course.questionIndex == 0 ? 9 : 5);
 
-    const AnswerKey &key = info_.key.at(static_cast<std::size_t>(QuestionIndex));
+    const AnswerKey &key = info_.key.at(static_cast<std::size_t>(course.questionIndex));
     const std::array<QString, 3> letters = {QStringLiteral("A"), QStringLiteral("B"),
                                             QStringLiteral("C")};
     for (std::size_t letter = 0; letter < letters.size(); ++letter) {
         if (answer != letters[letter])
             continue;
-        Image3.at(key.shows[letter])->show();
+        feedbackPictures.at(key.shows[letter])->show();
         if (key.scores[letter]) {
-            AnswerCorrectFlag = key.flagValue;
-            CorrectCount += 1;
+            course.answerCorrectFlag = key.flagValue;
+            course.correctCount += 1;
             // Once question 2 of page 1 is right, the buttons are understood.
-            if (info_.firstPage && QuestionIndex == 1) {
-                Image4->hide();
-                menus.mnuSteuer->setChecked(false);
-            }
+            if (info_.firstPage && course.questionIndex == 1)
+                withdrawExplanation();
         } else {
-            AnswerCorrectFlag = 0;
+            course.answerCorrectFlag = 0;
         }
     }
 
-    if (AnswerCorrectFlag != 0) {
-        setActive(Command1, true);
-        Command1->setFocus();
-        setActive(Command5, false);
+    if (course.answerCorrectFlag != 0) {
+        setActive(nextQuestionButton, true);
+        nextQuestionButton->setFocus();
+        setActive(retryButton, false);
     } else {
-        setActive(Command5, true);
-        Command5->setFocus();
-        setActive(Command1, false);
+        setActive(retryButton, true);
+        retryButton->setFocus();
+        setActive(nextQuestionButton, false);
     }
-    Label9->setText(PointsText());
+    pointsLabel->setText(pointsText());
 }
 
-void LessonPage::Command1_Click() {
-    QuestionStartTime = static_cast<std::int32_t>(std::lround(Seams::secondsSinceMidnight()));
-    AnswerEvaluated = 0;
-    if (QuestionIndex >= 0 && QuestionIndex <= 3) {
-        const auto i = static_cast<std::size_t>(QuestionIndex);
-        Image1[i + 1]->show();
-        Image1[i]->hide();
-        Image2[i + 1]->show();
-        Image2[i]->hide();
+void LessonPage::nextQuestion() {
+    course.questionStartTime =
+        static_cast<std::int32_t>(std::lround(Seams::secondsSinceMidnight()));
+    course.answerEvaluated = 0;
+    if (course.questionIndex >= 0 && course.questionIndex <= 3) {
+        const auto i = static_cast<std::size_t>(course.questionIndex);
+        questionPictures[i + 1]->show();
+        questionPictures[i]->hide();
+        optionPictures[i + 1]->show();
+        optionPictures[i]->hide();
     }
-    Text1->clear();
-    Text1->setFocus();
-    setActive(Command5, false);
+    answerEdit->clear();
+    answerEdit->setFocus();
+    setActive(retryButton, false);
     for (int i = 0; i <= info_.highestFeedbackIndex; ++i)
-        Image3.at(i)->hide();
-    if (QuestionIndex >= 4) {
+        feedbackPictures.at(i)->hide();
+    if (course.questionIndex >= 4) {
         Screens::show(info_.next);
         Screens::unload(this);
     } else {
-        setActive(Command1, false);
+        setActive(nextQuestionButton, false);
     }
-    AnswerCorrectFlag = 0;
+    course.answerCorrectFlag = 0;
 }
 
-void LessonPage::Command2_Click() {
+void LessonPage::previousPage() {
     Screens::show(info_.previous);
     Screens::unload(this);
 }
 
-void LessonPage::Command3_Click() {
-    exitFrame.Frame10->show();
-    exitFrame.Picture10->show();
-}
-
-void LessonPage::Command4_Click() {
+void LessonPage::nextPage() {
     Screens::show(info_.next);
     Screens::unload(this);
 }
 
-void LessonPage::Command5_Click() {
-    Text1->clear();
-    Text1->setFocus();
+void LessonPage::retry() {
+    answerEdit->clear();
+    answerEdit->setFocus();
     for (int i = 0; i <= info_.highestFeedbackIndex; ++i)
-        Image3.at(i)->hide();
-    setActive(Command5, false);
-    AnswerEvaluated = 0;
+        feedbackPictures.at(i)->hide();
+    setActive(retryButton, false);
+    course.answerEvaluated = 0;
 }
 
-void LessonPage::Command6_Click() {
-    overview.Shape6->hide();
-    overview.Frame2->hide();
-    if (!Text1->text().isEmpty())
-        Command1->setFocus();
+void LessonPage::focusAfterOverview() {
+    if (!answerEdit->text().isEmpty())
+        nextQuestionButton->setFocus();
     else
-        Text1->setFocus();
+        answerEdit->setFocus();
 }
 
-void LessonPage::Command10_Click() {
-    CurrentPage = 50;
-    QuotedItemFile file(StartFilePath);
-    file.write(QString::number(CurrentPage));
-    file.close();
-    Screens::endProgramme();
+QList<int> LessonPage::numbersAfterResume() const {
+    // Page 1 alone keeps its counts in the file too; nothing ever reads them back.
+    if (info_.firstPage)
+        return {course.correctCount, course.answeredCount};
+    return {};
 }
 
-void LessonPage::Command11_Click() {
-    QuotedItemFile file(StartFilePath);
-    file.write(QString::number(CurrentPage));
-    if (info_.firstPage) {
-        file.write(CorrectCount);
-        file.write(AnsweredCount);
-    }
-    file.close();
-    Screens::endProgramme();
-}
-
-void LessonPage::Command12_Click() {
-    exitFrame.Frame10->hide();
-    exitFrame.Picture10->hide();
-    if (!Text1->text().isEmpty())
-        Command3->setFocus();
+void LessonPage::focusAfterExitFrame() {
+    if (!answerEdit->text().isEmpty())
+        endButton->setFocus();
     else
-        Text1->setFocus();
+        answerEdit->setFocus();
 }
 
-void LessonPage::Label11_Click(int Index) {
-    Screens::unload(this);
-    if (Index >= 0 && Index <= 10)
-        Screens::show(pageScreen(Index + 1));
-}
-
-void LessonPage::Text1_Change() {
-    const QString text = Text1->text();
+void LessonPage::onAnswerChanged() {
+    const QString text = answerEdit->text();
     if (text == QStringLiteral("A") || text == QStringLiteral("a")) {
-        Text1->setText(QStringLiteral("A"));
+        answerEdit->setText(QStringLiteral("A"));
     } else if (text == QStringLiteral("B") || text == QStringLiteral("b")) {
-        Text1->setText(QStringLiteral("B"));
+        answerEdit->setText(QStringLiteral("B"));
     } else if (text == QStringLiteral("C") || text == QStringLiteral("c")) {
-        Text1->setText(QStringLiteral("C"));
+        answerEdit->setText(QStringLiteral("C"));
     } else {
-        Text1->setText(QString());
+        answerEdit->setText(QString());
         return;
     }
-    if (AnswerEvaluated == 0)
-        EvaluateAnswer();
+    if (course.answerEvaluated == 0)
+        evaluateAnswer();
 }
 
 bool LessonPage::anyVisible(const std::vector<int> &pictures) const {
     // A listed index the page does not have counts as a picture that is not visible.
     for (int i : pictures) {
-        if (i >= 0 && i < Image3.size() && !Image3.at(i)->isHidden())
+        if (i >= 0 && i < feedbackPictures.size() && !feedbackPictures.at(i)->isHidden())
             return true;
     }
     return false;
 }
 
-void LessonPage::Text1_Click() {
+void LessonPage::onAnswerClicked() {
     if (anyVisible(info_.wrongGroup))
-        Command5->setFocus();
+        retryButton->setFocus();
     else if (anyVisible(info_.rightGroup))
-        Command1->setFocus();
+        nextQuestionButton->setFocus();
 }
 
-void LessonPage::CheckAnswerPace(int minimumSeconds) {
-    if (Seams::secondsSinceMidnight() < QuestionStartTime + minimumSeconds) {
-        Label8->show();
-        Timer1->setInterval(kPaceNoteMs);
-        Timer1->start();
-        Command2->setEnabled(false);
-        Command4->setEnabled(false);
-        setActive(Command3, false);
+void LessonPage::checkAnswerPace(int minimumSeconds) {
+    if (Seams::secondsSinceMidnight() < course.questionStartTime + minimumSeconds) {
+        paceNote->show();
+        paceTimer->setInterval(kPaceNoteMs);
+        paceTimer->start();
+        previousPageButton->setEnabled(false);
+        nextPageButton->setEnabled(false);
+        setActive(endButton, false);
     }
 }
 
-void LessonPage::Timer1_Timer() {
-    // Timer1 keeps running: its later ticks repeat these harmless steps.
-    Label8->hide();
-    Command2->setEnabled(true);
-    Command4->setEnabled(true);
-    setActive(Command3, true);
+void LessonPage::endPaceNote() {
+    // paceTimer keeps running: its later ticks repeat these harmless steps.
+    paceNote->hide();
+    previousPageButton->setEnabled(true);
+    nextPageButton->setEnabled(true);
+    setActive(endButton, true);
 }
 
-void LessonPage::Timer2_Timer() {
-    menus.mnuSteuer->setChecked(false);
-    Image4->hide();
-    Label12->show();
-    Timer3->start();
-    Timer2->stop();
-}
-
-void LessonPage::Timer3_Timer() {
-    Label12->hide();
-    Timer3->stop();
-}
-
-void LessonPage::mnuPunkt_Click() {
-    if (menus.mnuPunkt->isChecked()) {
-        Label6->hide();
-        Label9->hide();
-        menus.mnuPunkt->setChecked(false);
+void LessonPage::togglePoints() {
+    if (pointsEntry->isChecked()) {
+        pointsHeading->hide();
+        pointsLabel->hide();
+        pointsEntry->setChecked(false);
     } else {
-        Label6->show();
-        Label9->show();
-        menus.mnuPunkt->setChecked(true);
+        pointsHeading->show();
+        pointsLabel->show();
+        pointsEntry->setChecked(true);
     }
-}
-
-void LessonPage::mnuSteuer_Click() {
-    if (menus.mnuSteuer->isChecked()) {
-        Image4->hide();
-        menus.mnuSteuer->setChecked(false);
-    } else {
-        Image4->show();
-        menus.mnuSteuer->setChecked(true);
-    }
-}
-
-void LessonPage::mnuWo_Click() {
-    overview.Shape6->show();
-    overview.Frame2->show();
-}
-
-void LessonPage::Tempo() {
-    // Nothing on the page calls this; it checks the pace of the current question.
-    CheckAnswerPace(QuestionIndex == 0 ? 9 : 5);
 }
 
 void registerLessonPages() {

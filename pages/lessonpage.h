@@ -2,13 +2,13 @@
 #pragma once
 
 #include "catalogue.h"
-#include "form.h"
-#include "pageframe.h"
+#include "pagebase.h"
 
 #include <QList>
 
 #include <array>
 
+class CaptionLabel;
 class Picture;
 class QLabel;
 class QLineEdit;
@@ -17,67 +17,64 @@ class QTimer;
 
 // One lesson page: five questions, one at a time, answered by typing A, B or C. The ten pages
 // Qel1..Qel10 are instances of this class, each configured by its entry of the page catalogue.
-class LessonPage : public Form {
+class LessonPage : public PageBase {
     Q_OBJECT
 public:
     explicit LessonPage(int page, QWidget *parent = nullptr);
 
-    void Form_Load() override;
-    void Form_Activate() override;
+    // Form_Load: a new page starts with its first question; page 1 also starts the counts anew.
+    void onLoad() override;
+    // Form_Activate: the page becomes the current page.
+    void onActivate() override;
 
-    void Command1_Click();
-    void Command2_Click();
-    void Command3_Click();
-    void Command4_Click();
-    void Command5_Click();
-    void Command6_Click();
-    void Command10_Click();
-    void Command11_Click();
-    void Command12_Click();
-    void Label11_Click(int Index);
-    void Text1_Change();
-    void Text1_Click();
-    void Timer1_Timer();
-    void Timer2_Timer();
-    void Timer3_Timer();
-    void mnuPunkt_Click();
-    void mnuSteuer_Click();
-    void mnuWo_Click();
-    void Tempo();
+    // Command1_Click: the next question, after the last one the next page.
+    void nextQuestion();
+    // Command2_Click, "<<".
+    void previousPage();
+    // Command4_Click, ">>".
+    void nextPage();
+    // Command5_Click: try the question again.
+    void retry();
+    // Text1_Change: filters the typed letter and evaluates it.
+    void onAnswerChanged();
+    // Text1_Click: keeps the pupil from typing over a verdict.
+    void onAnswerClicked();
+    // Timer1_Timer: the pace note goes and the page's buttons come back.
+    void endPaceNote();
+    // mnuPunkt_Click.
+    void togglePoints();
 
     const PageInfo &info() const { return info_; }
 
-    // Controls, named as on the page.
-    std::array<Picture *, 5> Image1{}; // questions
-    std::array<Picture *, 5> Image2{}; // options
-    QList<Picture *> Image3;           // feedback, 0 to the page's highest feedback index
-    Picture *Image4 = nullptr;         // explanation of the control buttons
-    QLineEdit *Text1 = nullptr;
-    QLabel *Label2 = nullptr;
-    QLabel *Label3 = nullptr;
-    QLabel *Label4 = nullptr;
-    QLabel *Label5 = nullptr;
-    QLabel *Label6 = nullptr;
-    QLabel *Label7 = nullptr;
-    QLabel *Label8 = nullptr;        // pace note
-    QLabel *Label9 = nullptr;        // points text
-    QLabel *Label12 = nullptr;       // page 1 only: where the explanation can be switched on again
-    QPushButton *Command1 = nullptr; // next question
-    QPushButton *Command2 = nullptr; // "<<"
-    QPushButton *Command3 = nullptr; // end
-    QPushButton *Command4 = nullptr; // ">>"
-    QPushButton *Command5 = nullptr; // try again
-    QTimer *Timer1 = nullptr;
-    QTimer *Timer2 = nullptr; // page 1 only
-    QTimer *Timer3 = nullptr; // page 1 only
-    PageFrame::Menus menus;
-    PageFrame::ExitFrame exitFrame;
-    PageFrame::Overview overview;
+    // Controls of the page; the page base holds the menus, the end button, the exit frame, the
+    // overview and the button explanation.
+    std::array<Picture *, 5> questionPictures{}; // Image1(0..4)
+    std::array<Picture *, 5> optionPictures{};   // Image2(0..4)
+    QList<Picture *> feedbackPictures;           // Image3, 0 to the page's highest feedback index
+    QLineEdit *answerEdit = nullptr;             // Text1
+    CaptionLabel *questionHeading = nullptr;     // Label2 "Frage:"
+    CaptionLabel *optionsHeading = nullptr;      // Label3 "Auswahl-      Antworten:"
+    CaptionLabel *answerHeading = nullptr;       // Label4 "Antwort:"
+    CaptionLabel *remarksHeading = nullptr;      // Label5 "Bemer-      kungen:"
+    QLabel *pointsHeading = nullptr;             // Label6 "Punkte:"
+    QLabel *instructionLabel = nullptr;          // Label7
+    CaptionLabel *paceNote = nullptr;            // Label8
+    QLabel *pointsLabel = nullptr;               // Label9
+    QPushButton *nextQuestionButton = nullptr;   // Command1
+    QPushButton *previousPageButton = nullptr;   // Command2 "<<"
+    QPushButton *nextPageButton = nullptr;       // Command4 ">>"
+    QPushButton *retryButton = nullptr;          // Command5
+    QTimer *paceTimer = nullptr;                 // Timer1
+
+protected:
+    QList<int> numbersAfterResume() const override;
+    void focusAfterExitFrame() override;
+    void focusAfterOverview() override;
 
 private:
-    void EvaluateAnswer();
-    void FindCurrentQuestion();
-    void CheckAnswerPace(int minimumSeconds);
+    void evaluateAnswer();
+    void findCurrentQuestion();
+    void checkAnswerPace(int minimumSeconds);
     bool anyVisible(const std::vector<int> &pictures) const;
     void buildControls();
 
@@ -86,8 +83,6 @@ private:
 
 // The pace note: one caption in which runs of blanks make the line breaks.
 extern const QString kPaceNote;
-// The pace note as shown: heading, paragraph and closing line.
-QString paceNoteLines(const QString &caption);
 
 // Makes the ten lesson pages known to the screen layer.
 void registerLessonPages();

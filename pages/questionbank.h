@@ -12,17 +12,17 @@
 // is shown as it stands.
 
 struct BankQuestion {
-    QString text;                   // "1. Welche zwei ...", empty where the drawing is the question
-    QString drawing;                // resource path of a drawing, or empty
-    QString drawingDescription;     // what the drawing shows, in words, for screen readers
-    QString leadIn;                 // line above the options, or empty
-    std::array<QString, 3> options; // A, B, C without their letters
+    QString text{};               // "1. Welche zwei ...", empty where the drawing is the question
+    QString drawing{};            // resource path of a drawing, or empty
+    QString drawingDescription{}; // what the drawing shows, in words, for screen readers
+    QString leadIn{};             // line above the options, or empty
+    std::array<QString, 3> options{}; // A, B, C without their letters
 };
 
 struct BankFeedback {
-    QString verdict; // "Richtig!", "Falsch!", ... or empty where the picture has none
-    QString body;    // explanation or hint, may be empty
-    bool tryAgain;   // ends with "Antworte noch einmal."
+    QString verdict{};     // "Richtig!", "Falsch!", ... or empty where the picture has none
+    QString body{};        // explanation or hint, may be empty
+    bool tryAgain = false; // ends with "Antworte noch einmal."
 };
 
 struct PageBank {

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The display-mode screen against a display whose modes and answers the test decides.
-#include "aufloesung.h"
-#include "modul1.h"
-#include "modul2.h"
-#include "pageframe.h"
+#include "course.h"
+#include "displaymodes.h"
+#include "displaymodescreen.h"
+#include "pagebase.h"
 #include "screens.h"
 #include "testsupport.h"
+#include "theme.h"
 
 #include <QAction>
 #include <QApplication>
@@ -57,27 +58,28 @@ private:
     std::unique_ptr<TestProgramme> programme_;
     FakeDisplay *display_ = nullptr;
 
-    Auflösung *open(const QList<QSize> &modes, QSize current) {
+    DisplayModeScreen *open(const QList<QSize> &modes, QSize current) {
         display_->modes = modes;
         display_->current = current;
-        return Screens::show<Auflösung>(ScreenId::Auflösung);
+        return Screens::show<DisplayModeScreen>(ScreenId::DisplayMode);
     }
-    void click(Auflösung *screen, const QString &entry) {
-        const QList<QListWidgetItem *> found = screen->List1->findItems(entry, Qt::MatchExactly);
+    void click(DisplayModeScreen *screen, const QString &entry) {
+        const QList<QListWidgetItem *> found = screen->modeList->findItems(entry, Qt::MatchExactly);
         QVERIFY2(found.size() == 1, qPrintable(entry));
-        QTest::mouseClick(screen->List1->viewport(), Qt::LeftButton, {},
-                          screen->List1->visualItemRect(found.first()).center());
+        QTest::mouseClick(screen->modeList->viewport(), Qt::LeftButton, {},
+                          screen->modeList->visualItemRect(found.first()).center());
     }
 
 private Q_SLOTS:
     void init() {
         programme_ = std::make_unique<TestProgramme>();
         registerDisplayScreens();
-        Modul2::setDisplayBackend(std::unique_ptr<DisplayBackend>(display_ = new FakeDisplay));
+        DisplayModes::setDisplayBackend(
+            std::unique_ptr<DisplayBackend>(display_ = new FakeDisplay));
     }
     void cleanup() {
         programme_.reset();
-        Modul2::setDisplayBackend(nullptr);
+        DisplayModes::setDisplayBackend(nullptr);
     }
 
     void opening_data() {
@@ -102,84 +104,77 @@ private Q_SLOTS:
         QFETCH(QSize, current);
         QFETCH(QStringList, expected);
         QFETCH(int, selected);
-        Auflösung *screen = open(modes, current);
+        DisplayModeScreen *screen = open(modes, current);
         QCOMPARE(screen->windowTitle(),
                  u"Kelvora"_s + QString(97, u' ') + u"Bildschirmauflösung"_s);
-        QCOMPARE(entries(screen->List1), expected);
-        QCOMPARE(screen->List1->currentRow(), selected);
-        QCOMPARE(screen->List1->selectedItems().size(), selected == -1 ? 0 : 1);
-        QVERIFY(!screen->Command1->isEnabled());
-        QCOMPARE(screen->Command1->palette().color(QPalette::Button), buttonFace());
+        QCOMPARE(entries(screen->modeList), expected);
+        QCOMPARE(screen->modeList->currentRow(), selected);
+        QCOMPARE(screen->modeList->selectedItems().size(), selected == -1 ? 0 : 1);
+        QVERIFY(!screen->changeButton->isEnabled());
+        QCOMPARE(screen->changeButton->palette().color(QPalette::Button), Theme::buttonFace());
     }
 
     void choosing_data() {
         QTest::addColumn<QSize>("current");
         QTest::addColumn<QString>("entry");
-        QTest::addColumn<bool>("sends"); // false: the button stays off, nothing is sent
-        QTest::addColumn<int>("tempPos");
+        QTest::addColumn<bool>("sends");    // false: the button stays off, nothing is sent
         QTest::addColumn<QString>("after"); // the screen size afterwards
         const QSize xga(1024, 768);
-        QTest::addRow("current again") << xga << "1024 x 768" << false << 0 << "1024 x 768";
-        QTest::addRow("smaller") << xga << "800 x 600" << true << 5 << "800 x 600";
-        QTest::addRow("five digits") << xga << "10240 x 4320" << true << 7 << "10240 x 4320";
+        QTest::addRow("current again") << xga << "1024 x 768" << false << "1024 x 768";
+        QTest::addRow("smaller") << xga << "800 x 600" << true << "800 x 600";
+        QTest::addRow("five digits") << xga << "10240 x 4320" << true << "10240 x 4320";
         QTest::addRow("current not offered")
-            << QSize(1366, 768) << "1024 x 768" << true << 6 << "1024 x 768";
-        QTest::addRow("refused") << xga << "640 x 480" << true << 5 << "1024 x 768";
+            << QSize(1366, 768) << "1024 x 768" << true << "1024 x 768";
+        QTest::addRow("refused") << xga << "640 x 480" << true << "1024 x 768";
     }
     void choosing() {
         QFETCH(QSize, current);
         QFETCH(QString, entry);
         QFETCH(bool, sends);
-        QFETCH(int, tempPos);
         QFETCH(QString, after);
-        Auflösung *screen = open(kOffice + QList<QSize>{{10240, 4320}}, current);
+        DisplayModeScreen *screen = open(kOffice + QList<QSize>{{10240, 4320}}, current);
         click(screen, entry);
-        QCOMPARE(screen->Command1->isEnabled(), sends);
-        QCOMPARE(screen->Command1->palette().color(QPalette::Button), lightGrey());
-        QTest::mouseClick(screen->Command1, Qt::LeftButton);
+        QCOMPARE(screen->changeButton->isEnabled(), sends);
+        QCOMPARE(screen->changeButton->palette().color(QPalette::Button), Theme::activeButton());
+        QTest::mouseClick(screen->changeButton, Qt::LeftButton);
         QCOMPARE(display_->changes, sends ? QStringList{entry} : QStringList());
-        QCOMPARE(int(Modul1::TempPos), tempPos);
-        QCOMPARE(Modul2::ResolutionText(), after);
-        QVERIFY(!screen->Command1->isEnabled());
+        QCOMPARE(DisplayModes::resolutionText(), after);
+        QVERIFY(!screen->changeButton->isEnabled());
         if (sends)
-            QCOMPARE(screen->Command1->palette().color(QPalette::Button), buttonFace());
-        QVERIFY(screen->List1->currentItem()->isSelected());
+            QCOMPARE(screen->changeButton->palette().color(QPalette::Button), Theme::buttonFace());
+        QVERIFY(screen->modeList->currentItem()->isSelected());
         // Choosing the entry again: the button is on only when it is not the current size.
         click(screen, entry);
-        QCOMPARE(screen->Command1->isEnabled(), after != entry);
+        QCOMPARE(screen->changeButton->isEnabled(), after != entry);
     }
 
     void fromMenuByKeyboard() {
-        Auflösung *screen = open(kOffice, {800, 600});
-        QMainWindow page;
-        const PageFrame::Menus menus = PageFrame::buildMenus(&page, true);
-        menus.mnuAuflösung->trigger();
-        QCOMPARE(Screens::loaded<Auflösung>(ScreenId::Auflösung), screen);
+        DisplayModeScreen *screen = open(kOffice, {800, 600});
+        QCOMPARE(Screens::loaded<DisplayModeScreen>(ScreenId::DisplayMode), screen);
         QApplication::setActiveWindow(screen);
-        screen->List1->setFocus();
-        QTest::keyClick(screen->List1, Qt::Key_Down);
-        QVERIFY(screen->Command1->isEnabled());
-        QTest::keyClick(screen->List1, Qt::Key_End);
+        screen->modeList->setFocus();
+        QTest::keyClick(screen->modeList, Qt::Key_Down);
+        QVERIFY(screen->changeButton->isEnabled());
+        QTest::keyClick(screen->modeList, Qt::Key_End);
         // Tab leads from the list to the button, the space bar presses it, Escape closes.
-        QTest::keyClick(screen->List1, Qt::Key_Tab);
-        QCOMPARE(QApplication::focusWidget(), screen->Command1);
-        QTest::keyClick(screen->Command1, Qt::Key_Space);
+        QTest::keyClick(screen->modeList, Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), screen->changeButton);
+        QTest::keyClick(screen->changeButton, Qt::Key_Space);
         QCOMPARE(display_->changes, QStringList{u"1280 x 1024"_s});
         QTest::keyClick(screen, Qt::Key_Escape);
-        QCOMPARE(Screens::loaded(ScreenId::Auflösung), nullptr);
+        QCOMPARE(Screens::loaded(ScreenId::DisplayMode), nullptr);
         // The picture button without a caption closes it too.
-        menus.mnuAuflösung->trigger();
-        screen = Screens::loaded<Auflösung>(ScreenId::Auflösung);
-        QVERIFY(screen->Command2->text().isEmpty() && !screen->Command2->icon().isNull());
-        QCOMPARE(screen->Command2->accessibleName(), u"Schließen"_s);
-        QTest::mouseClick(screen->Command2, Qt::LeftButton);
-        QCOMPARE(Screens::loaded(ScreenId::Auflösung), nullptr);
+        screen = Screens::show<DisplayModeScreen>(ScreenId::DisplayMode);
+        QVERIFY(screen->closeButton->text().isEmpty() && !screen->closeButton->icon().isNull());
+        QCOMPARE(screen->closeButton->accessibleName(), u"Schließen"_s);
+        QTest::mouseClick(screen->closeButton, Qt::LeftButton);
+        QCOMPARE(Screens::loaded(ScreenId::DisplayMode), nullptr);
     }
 
     void entryFoundWhateverTheCase() {
         QListWidget list;
         list.addItems({u"800 x 600"_s, u"1024 x 768"_s});
-        QCOMPARE(Modul2::FindListEntry(&list, u"1024 X 768"_s), 1);
+        QCOMPARE(DisplayModes::findListEntry(&list, u"1024 X 768"_s), 1);
     }
 };
 

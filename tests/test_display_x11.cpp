@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The display-mode screen against a real X server with several modes. CTest starts an X server
 // with the dummy video driver for it and sets DISPLAY; the server is asked through xrandr.
-#include "aufloesung.h"
-#include "modul2.h"
+#include "displaymodes.h"
+#include "displaymodescreen.h"
 #include "screens.h"
 #include "testsupport.h"
 
@@ -60,8 +60,8 @@ private:
     QString original_;
 
     void restore() {
-        Modul2::SetResolution(original_.section(u' ', 0, 0).toInt(),
-                              original_.section(u' ', 2).toInt());
+        DisplayModes::setResolution(original_.section(u' ', 0, 0).toInt(),
+                                    original_.section(u' ', 2).toInt());
         QCOMPARE(serverSize(), original_);
     }
 
@@ -76,16 +76,16 @@ private Q_SLOTS:
 
     void listMatchesServer() {
         TestProgramme programme;
-        auto *screen = Screens::show<Auflösung>(ScreenId::Auflösung);
+        auto *screen = Screens::show<DisplayModeScreen>(ScreenId::DisplayMode);
         QStringList listed;
-        for (int i = 0; i < screen->List1->count(); ++i)
-            listed.append(screen->List1->item(i)->text());
+        for (int i = 0; i < screen->modeList->count(); ++i)
+            listed.append(screen->modeList->item(i)->text());
         QCOMPARE(listed, serverModes());
         // The sizes of the server's configuration, each at one or two rates, are listed once.
         for (const char *mode : {"1024 x 768", "800 x 600", "1280 x 1024", "640 x 480"})
             QCOMPARE(listed.count(QString::fromLatin1(mode)), 1);
-        QCOMPARE(screen->List1->currentItem()->text(), original_);
-        QVERIFY(!screen->Command1->isEnabled());
+        QCOMPARE(screen->modeList->currentItem()->text(), original_);
+        QVERIFY(!screen->changeButton->isEnabled());
     }
 
     void change_data() {
@@ -96,16 +96,16 @@ private Q_SLOTS:
     void change() {
         QFETCH(QString, entry);
         TestProgramme programme;
-        auto *screen = Screens::show<Auflösung>(ScreenId::Auflösung);
-        const QList<QListWidgetItem *> found = screen->List1->findItems(entry, Qt::MatchExactly);
+        auto *screen = Screens::show<DisplayModeScreen>(ScreenId::DisplayMode);
+        const QList<QListWidgetItem *> found = screen->modeList->findItems(entry, Qt::MatchExactly);
         QCOMPARE(found.size(), 1);
-        QTest::mouseClick(screen->List1->viewport(), Qt::LeftButton, {},
-                          screen->List1->visualItemRect(found.first()).center());
-        QTest::mouseClick(screen->Command1, Qt::LeftButton);
+        QTest::mouseClick(screen->modeList->viewport(), Qt::LeftButton, {},
+                          screen->modeList->visualItemRect(found.first()).center());
+        QTest::mouseClick(screen->changeButton, Qt::LeftButton);
 
         QCOMPARE(serverSize(), entry);
-        QCOMPARE(Modul2::ResolutionText(), entry);
-        QVERIFY(!screen->Command1->isEnabled());
+        QCOMPARE(DisplayModes::resolutionText(), entry);
+        QVERIFY(!screen->changeButton->isEnabled());
         restore();
     }
 };

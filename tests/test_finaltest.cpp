@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "modul1.h"
+#include "captionlabel.h"
+#include "course.h"
+#include "finaltestpage.h"
+#include "gradescale.h"
 #include "picture.h"
-#include "qel11.h"
-#include "qelzens.h"
 #include "resultlog.h"
 #include "screens.h"
 #include "seams.h"
 #include "testsupport.h"
+#include "theme.h"
 
 #include <QAction>
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
 #include <QMenu>
@@ -20,7 +23,6 @@
 
 #include <optional>
 
-using namespace Modul1;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -53,25 +55,27 @@ QByteArray logOf(const QByteArrayList &clicks, const QByteArray &tail = {}) {
     return log + tail;
 }
 
-void setScale(const QList<int> &s) { // GradeMin5 .. GradeMin1
-    std::tie(GradeMin5, GradeMin4, GradeMin3, GradeMin2, GradeMin1) =
+void setScale(const QList<int> &s) { // course.gradeMin5 .. course.gradeMin1
+    std::tie(course.gradeMin5, course.gradeMin4, course.gradeMin3, course.gradeMin2,
+             course.gradeMin1) =
         std::tuple(std::int16_t(s[0]), std::int16_t(s[1]), std::int16_t(s[2]), std::int16_t(s[3]),
                    std::int16_t(s[4]));
 }
 
 // The page at a glance: the questions on view (solved ones in brackets), then the controls on
 // view, the check mark of the button explanation, the usable buttons and the running timers.
-QString glance(Qel11 *p) {
+QString glance(FinalTestPage *p) {
     QStringList on;
-    for (std::size_t k = 0; k < p->Frame1.size(); ++k) {
-        if (p->Frame1[k]->isVisible())
-            on << (p->Frame1[k]->isEnabled() ? u"%1"_s : u"(%1)"_s).arg(k + 1);
+    for (std::size_t k = 0; k < p->questionFrames.size(); ++k) {
+        if (p->questionFrames[k]->isVisible())
+            on << (p->questionFrames[k]->isEnabled() ? u"%1"_s : u"(%1)"_s).arg(k + 1);
     }
-    const bool set[] = {
-        p->Image1->isVisible(),   p->Label15->isVisible(),  p->Label17->isVisible(),
-        p->Label21->isVisible(),  p->Command7->isVisible(), p->menus.mnuSteuer->isChecked(),
-        p->Command1->isEnabled(), p->Command4->isEnabled(), p->Command5->isEnabled(),
-        p->Timer1->isActive(),    p->Timer2->isActive(),    p->Timer3->isActive()};
+    const bool set[] = {p->explanationPicture->isVisible(), p->gradeLabel->isVisible(),
+                        p->instructionLabel->isVisible(),   p->explanationHint->isVisible(),
+                        p->printButton->isVisible(),        p->explanationEntry->isChecked(),
+                        p->endPageButton->isEnabled(),      p->restartTestButton->isEnabled(),
+                        p->gradeButton->isEnabled(),        p->halfChangeTimer->isActive(),
+                        p->explanationTimer->isActive(),    p->hintTimer->isActive()};
     const QStringList names =
         u"Image1 Label15 Label17 Label21 Command7 mnuSteuer Command1 Command4 "
         u"Command5 Timer1 Timer2 Timer3"_s.split(u' ');
@@ -91,33 +95,33 @@ class TestFinalTest : public QObject {
     std::optional<TestProgramme> programme;
 
     // Opens page 11 as the pupil reaches it, with the grade scale of a programme start.
-    Qel11 *openPage() {
+    FinalTestPage *openPage() {
         setScale({20, 40, 60, 80, 96});
-        auto *page = Screens::show<Qel11>(ScreenId::Qel11);
+        auto *page = Screens::show<FinalTestPage>(ScreenId::FinalTest);
         return QTest::qWaitForWindowExposed(page) ? page : nullptr;
     }
 
     // Runs a script of steps: an option number is a click on that option button, "a" opens an
     // information screen and returns to the page (a re-activation), "r" restarts the test.
     // Null when a step cannot be taken or a clicked option shows no verdict.
-    Qel11 *run(Qel11 *page, const QString &steps) {
+    FinalTestPage *run(FinalTestPage *page, const QString &steps) {
         for (const QString &step : steps.split(u' ')) {
             const auto i = static_cast<std::size_t>(step.toInt());
             if (step == u"a"_s) {
-                page->menus.mnuAWeise->trigger();
-                Screens::show(ScreenId::Qel11);
+                page->workingMethodEntry->trigger();
+                Screens::show(ScreenId::FinalTest);
             } else if (step == u"r"_s) {
-                QTest::mouseClick(page->Command4, Qt::LeftButton);
+                QTest::mouseClick(page->restartTestButton, Qt::LeftButton);
                 QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-                page = Screens::loaded<Qel11>(ScreenId::Qel11);
+                page = Screens::loaded<FinalTestPage>(ScreenId::FinalTest);
             } else {
                 // The second half of the test comes 3 s after question 5.
-                if (!page->Option1[i]->isVisible() && page->Timer1->isActive())
-                    page->Timer1_Timer();
-                if (!page->Option1[i]->isVisible())
+                if (!page->optionButtons[i]->isVisible() && page->halfChangeTimer->isActive())
+                    page->showSecondHalf();
+                if (!page->optionButtons[i]->isVisible())
                     return nullptr;
-                QTest::mouseClick(page->Option1[i], Qt::LeftButton);
-                if (!page->Label16[i]->isVisible())
+                QTest::mouseClick(page->optionButtons[i], Qt::LeftButton);
+                if (!page->verdictLabels[i]->isVisible())
                     return nullptr;
             }
         }
@@ -128,7 +132,8 @@ private Q_SLOTS:
     void initTestCase() {
         QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
         registerFinalTestScreens();
-        for (ScreenId id : {ScreenId::Qel10, ScreenId::Qel50, ScreenId::ArbWei, ScreenId::Qel1})
+        for (ScreenId id :
+             {ScreenId::Page10, ScreenId::EndPage, ScreenId::WorkingMethod, ScreenId::Page1})
             Screens::registerScreen(id, [id] { return new Form(id); });
     }
     void init() { programme.emplace(); }
@@ -189,54 +194,55 @@ private Q_SLOTS:
         QFETCH(QString, steps);
         QFETCH(QByteArray, expected);
         QFETCH(QString, totals);
-        Qel11 *page = run(openPage(), steps);
+        FinalTestPage *page = run(openPage(), steps);
         QVERIFY(page);
         const QByteArray log = programme->read(u"TestergebnisQel.doc"_s);
         QCOMPARE(expected.startsWith("Aufgabe") ? log.right(expected.size()) : log, expected);
-        QCOMPARE(page->Label7->text() + u'/' + page->Label9->text(), totals);
+        QCOMPARE(page->totalCorrectLabel->text() + u'/' + page->totalAnsweredLabel->text(), totals);
         // The log is on disk as each line is written, also while it is still open.
         QCOMPARE(ResultLog::isOpen(), !expected.contains("Punkte von"));
     }
 
     // The button explanation comes and goes, then the pupil works through the test and leaves.
     void pageAtAGlance() {
-        Qel11 *page = openPage();
-        QCOMPARE(page->menus.mnuAns->actions().value(0)->text(),
-                 u"&Erkl\u00e4rung Steuerbuttons"_s);
-        QCOMPARE(page->menus.mnuAns->actions().value(1)->text(), u"&Wo bin ich?"_s);
-        QCOMPARE(page->Timer2->interval(), 8000);
-        QCOMPARE(page->Timer3->interval(), 8000);
+        FinalTestPage *page = openPage();
+        QCOMPARE(page->viewMenu->actions().value(0)->text(), u"&Erkl\u00e4rung Steuerbuttons"_s);
+        QCOMPARE(page->viewMenu->actions().value(1)->text(), u"&Wo bin ich?"_s);
+        QCOMPARE(page->explanationTimer->interval(), 8000);
+        QCOMPARE(page->hintTimer->interval(), 8000);
         QCOMPARE(glance(page), u"1 Image1 Label17 mnuSteuer Timer2"_s);
-        page->Timer2_Timer();
+        page->endExplanation();
         QCOMPARE(glance(page), u"1 Label17 Label21 Timer3"_s);
-        page->Timer3_Timer();
+        page->endHint();
         QCOMPARE(glance(page), u"1 Label17"_s);
-        page->menus.mnuSteuer->trigger();
+        page->explanationEntry->trigger();
         QCOMPARE(glance(page), u"1 Image1 Label17 mnuSteuer"_s);
         // Solving question 2 withdraws the explanation.
         QVERIFY(run(page, u"0 7"_s));
         QCOMPARE(glance(page), u"(1) (2) 3 Label17 Command4"_s);
         QVERIFY(run(page, u"9 14 16"_s));
-        QCOMPARE(page->Label6->text() + page->Label10->text() + page->Label12->text(), u"501"_s);
-        QVERIFY(page->Label14[16]->isVisible() && page->Label16[17]->isHidden());
+        QCOMPARE(page->questionNumberLabel->text() + page->lastScoreLabel->text() +
+                     page->triesLabel->text(),
+                 u"501"_s);
+        QVERIFY(page->markerLabels[16]->isVisible() && page->verdictLabels[17]->isHidden());
         QCOMPARE(glance(page), u"(1) (2) (3) (4) 5 Label17 Command4"_s);
-        QTest::mouseClick(page->Option1[17], Qt::LeftButton);
+        QTest::mouseClick(page->optionButtons[17], Qt::LeftButton);
         QCOMPARE(glance(page), u"(1) (2) (3) (4) (5) Label17 Command4 Timer1"_s);
-        QCOMPARE(page->Timer1->interval(), 3000);
-        page->Timer1_Timer();
+        QCOMPARE(page->halfChangeTimer->interval(), 3000);
+        page->showSecondHalf();
         QCOMPARE(glance(page), u"6 Label17 Command4"_s);
         QVERIFY(run(page, u"20 26 29 33 39"_s));
         QCOMPARE(glance(page), u"(6) (7) (8) (9) (10) Command7 Command1 Command4 Command5"_s);
         QVERIFY(!ResultLog::isOpen());
-        QTest::mouseClick(page->Command1, Qt::LeftButton);
-        QCOMPARE(Screens::activeScreen()->screenId(), ScreenId::Qel50);
-        QVERIFY(!Screens::loaded(ScreenId::Qel11));
+        QTest::mouseClick(page->endPageButton, Qt::LeftButton);
+        QCOMPARE(Screens::activeScreen()->screenId(), ScreenId::EndPage);
+        QVERIFY(!Screens::loaded(ScreenId::FinalTest));
     }
 
     void grading_data() {
         QTest::addColumn<int>("correct");
         QTest::addColumn<int>("answered");
-        QTest::addColumn<QList<int>>("scale"); // GradeMin5 .. GradeMin1
+        QTest::addColumn<QList<int>>("scale"); // course.gradeMin5 .. course.gradeMin1
         QTest::addColumn<QString>("typed");    // typed box by box on the scale screen
         QTest::addColumn<QString>("grade");    // empty: no grade shown, no file written
 
@@ -261,38 +267,40 @@ private Q_SLOTS:
         QFETCH(QList<int>, scale);
         QFETCH(QString, typed);
         QFETCH(QString, grade);
-        Qel11 *page = openPage();
+        FinalTestPage *page = openPage();
         setScale(scale);
-        TestCorrectCount = std::int16_t(correct);
-        TestAnsweredCount = std::int16_t(answered);
-        page->Image1->show();
+        course.testCorrectCount = std::int16_t(correct);
+        course.testAnsweredCount = std::int16_t(answered);
+        page->explanationPicture->show();
         programme->answers << !typed.isEmpty();
-        page->Command5_Click();
+        page->askForGrade();
         QCOMPARE(programme->questionsAsked,
                  (QList<QPair<QString, QString>>{{u"Punkttabelle anzeigen bzw. \u00e4ndern?"_s,
                                                   u"Punktetabelle f\u00fcr Zensierung"_s}}));
-        if (auto *zens = Screens::loaded<QelZens>(ScreenId::QelZens)) {
+        if (auto *zens = Screens::loaded<GradeScaleScreen>(ScreenId::GradeScale)) {
             QCOMPARE(zens->windowTitle(), u"Kelvora - Punktetabelle und Zensierung  "_s);
-            QCOMPARE(zens->Text2[0]->text() + zens->Text2[4]->text(), u"2096"_s);
-            QTest::mouseClick(zens->Command4, Qt::LeftButton);
-            QVERIFY(!zens->Command4->isEnabled() && zens->Text2[0]->text().isEmpty());
-            QVERIFY(zens->Text2[0]->hasFocus() || !zens->isActiveWindow());
+            QCOMPARE(zens->thresholdEdits[0]->text() + zens->thresholdEdits[4]->text(), u"2096"_s);
+            QTest::mouseClick(zens->changeScaleButton, Qt::LeftButton);
+            QVERIFY(!zens->changeScaleButton->isEnabled() &&
+                    zens->thresholdEdits[0]->text().isEmpty());
+            QVERIFY(zens->thresholdEdits[0]->hasFocus() || !zens->isActiveWindow());
             for (std::size_t i = 0; i < 5; ++i) {
-                QTest::keyClicks(zens->Text2[i], typed.split(u' ')[qsizetype(i)]);
-                QTest::mouseClick(zens->Command2[i], Qt::LeftButton);
-                QVERIFY(!zens->Command2[i]->isEnabled() && zens->Command4->isEnabled());
+                QTest::keyClicks(zens->thresholdEdits[i], typed.split(u' ')[qsizetype(i)]);
+                QTest::mouseClick(zens->okButtons[i], Qt::LeftButton);
+                QVERIFY(!zens->okButtons[i]->isEnabled() && zens->changeScaleButton->isEnabled());
             }
-            QCOMPARE((QList<int>{GradeMin5, GradeMin4, GradeMin3, GradeMin2, GradeMin1}),
+            QCOMPARE((QList<int>{course.gradeMin5, course.gradeMin4, course.gradeMin3,
+                                 course.gradeMin2, course.gradeMin1}),
                      (QList<int>{50, 60, 70, 80, 90}));
-            QCOMPARE(zens->Text2[0]->text() + zens->Text2[3]->text(), u"5080"_s);
-            QTest::mouseClick(zens->Command1, Qt::LeftButton);
+            QCOMPARE(zens->thresholdEdits[0]->text() + zens->thresholdEdits[3]->text(), u"5080"_s);
+            QTest::mouseClick(zens->gradeButton, Qt::LeftButton);
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-            QVERIFY(!Screens::loaded(ScreenId::QelZens));
+            QVERIFY(!Screens::loaded(ScreenId::GradeScale));
         }
-        QCOMPARE(page->Image1->isHidden(), typed.isEmpty());
-        QCOMPARE(page->menus.mnuSteuer->isChecked(), !typed.isEmpty());
-        QCOMPARE(page->Label15->isVisible(), !grade.isEmpty());
-        QCOMPARE(page->Label15->text(), grade);
+        QCOMPARE(page->explanationPicture->isHidden(), typed.isEmpty());
+        QCOMPARE(page->explanationEntry->isChecked(), !typed.isEmpty());
+        QCOMPARE(page->gradeLabel->isVisible(), !grade.isEmpty());
+        QCOMPARE(page->gradeLabel->text(), grade);
         if (grade.isEmpty())
             QVERIFY(!QFile::exists(programme->path(u"ZensurQel.txt"_s)));
         else
@@ -322,45 +330,46 @@ private Q_SLOTS:
         QFETCH(QString, keys);
         QFETCH(QString, seen);
         QFETCH(QString, taken);
-        auto *zens = Screens::show<QelZens>(ScreenId::QelZens);
-        QTest::mouseClick(zens->Command4, Qt::LeftButton);
+        auto *zens = Screens::show<GradeScaleScreen>(ScreenId::GradeScale);
+        QTest::mouseClick(zens->changeScaleButton, Qt::LeftButton);
         const auto shown = [zens] {
-            const bool ok = zens->Command2[0]->isEnabled();
-            const bool grey = zens->Command2[0]->palette().color(QPalette::Button) == lightGrey();
-            return zens->Text2[0]->text() +
-                   (zens->Label3[0]->isVisible() ? u" nonsense"_s : u""_s) +
-                   (zens->Label3[1]->isVisible() ? u" blank"_s : u""_s) +
+            const bool ok = zens->okButtons[0]->isEnabled();
+            const bool grey =
+                zens->okButtons[0]->palette().color(QPalette::Button) == Theme::activeButton();
+            return zens->thresholdEdits[0]->text() +
+                   (zens->hintLabels[0]->isVisible() ? u" nonsense"_s : u""_s) +
+                   (zens->hintLabels[1]->isVisible() ? u" blank"_s : u""_s) +
                    (ok && grey   ? u" OK"_s
                     : ok || grey ? u" half usable"_s
                                  : u""_s);
         };
         QCOMPARE(shown(), u""_s);
-        QTest::keyClicks(zens->Text2[0], keys);
+        QTest::keyClicks(zens->thresholdEdits[0], keys);
         QCOMPARE(shown(), seen);
         // The hints stay until the scale is opened for editing again, which an OK allows.
-        QTest::keyClicks(zens->Text2[1], u"5"_s);
-        QTest::mouseClick(zens->Command2[1], Qt::LeftButton);
+        QTest::keyClicks(zens->thresholdEdits[1], u"5"_s);
+        QTest::mouseClick(zens->okButtons[1], Qt::LeftButton);
         QCOMPARE(shown(), seen);
         try {
-            zens->Command2_Click(0);
-            QCOMPARE(QString::number(GradeMin5), taken);
+            zens->takeThreshold(0);
+            QCOMPARE(QString::number(course.gradeMin5), taken);
         } catch (const ProgrammeFailure &e) {
             QCOMPARE(QString::fromStdString(e.what()), taken);
-            QCOMPARE(GradeMin5, std::int16_t(0));
+            QCOMPARE(course.gradeMin5, std::int16_t(0));
         }
-        QTest::mouseClick(zens->Command4, Qt::LeftButton);
-        QVERIFY(zens->Label3[0]->isHidden() && zens->Label3[1]->isHidden());
+        QTest::mouseClick(zens->changeScaleButton, Qt::LeftButton);
+        QVERIFY(zens->hintLabels[0]->isHidden() && zens->hintLabels[1]->isHidden());
     }
 
     void logThatCannotBeCreated() {
         Seams::setProgrammeFolder([this] { return programme->folder() + u"/fehlt"_s; });
-        Qel11 *page = openPage();
+        FinalTestPage *page = openPage();
         // The creating click passes without a word, the next write ends the programme.
-        QTest::mouseClick(page->Option1[1], Qt::LeftButton);
-        QCOMPARE(page->Label9->text(), u"1"_s);
+        QTest::mouseClick(page->optionButtons[1], Qt::LeftButton);
+        QCOMPARE(page->totalAnsweredLabel->text(), u"1"_s);
         QVERIFY(!ResultLog::isOpen());
         try {
-            page->Option1_Click(0);
+            page->onOptionClicked(0);
             QFAIL("writing to a log that is not open did not fail");
         } catch (const ProgrammeFailure &e) {
             QVERIFY2(QString::fromStdString(e.what()).contains(u"No such file"_s), e.what());
@@ -377,44 +386,43 @@ private Q_SLOTS:
     void exitFrame() {
         QFETCH(bool, fromTheStart);
         QFETCH(QByteArray, file);
-        Qel11 *page = openPage();
-        QCOMPARE(CurrentPage, std::int16_t(11));
-        QTest::mouseClick(page->Command3, Qt::LeftButton);
-        QVERIFY(page->exitFrame.Frame10->isVisible());
-        QTest::mouseClick(page->exitFrame.Command12, Qt::LeftButton);
-        QVERIFY(page->exitFrame.Frame10->isHidden());
-        QTest::mouseClick(page->Command3, Qt::LeftButton);
-        QTest::mouseClick(fromTheStart ? page->exitFrame.Command10 : page->exitFrame.Command11,
-                          Qt::LeftButton);
+        FinalTestPage *page = openPage();
+        QCOMPARE(course.currentPage, std::int16_t(11));
+        QTest::mouseClick(page->endButton, Qt::LeftButton);
+        QVERIFY(page->exitFrame->isVisible());
+        QTest::mouseClick(page->stayButton, Qt::LeftButton);
+        QVERIFY(page->exitFrame->isHidden());
+        QTest::mouseClick(page->endButton, Qt::LeftButton);
+        QTest::mouseClick(fromTheStart ? page->restartButton : page->resumeButton, Qt::LeftButton);
         QVERIFY(Screens::programmeEnded());
         QCOMPARE(programme->read(u"StartQelB.txt"_s), file);
-        QCOMPARE(CurrentPage, std::int16_t(fromTheStart ? 50 : 11));
+        QCOMPARE(course.currentPage, std::int16_t(fromTheStart ? 50 : 11));
     }
 
     void overviewAndNavigation() {
-        Qel11 *page = openPage();
-        QCOMPARE(page->overview.lines[10]->text(), u"Seite 11 (Abschlusstest)"_s);
-        page->menus.mnuWo->trigger();
-        QVERIFY(page->overview.Frame2->isVisible());
-        QTest::mouseClick(page->overview.Command6, Qt::LeftButton);
-        QVERIFY(page->overview.Frame2->isHidden());
-        page->menus.mnuWo->trigger();
-        QTest::mouseClick(page->overview.lines[0], Qt::LeftButton);
-        QVERIFY(!Screens::loaded(ScreenId::Qel11));
-        QCOMPARE(Screens::activeScreen()->screenId(), ScreenId::Qel1);
-        QTest::mouseClick(openPage()->Command2, Qt::LeftButton);
-        QVERIFY(!Screens::loaded(ScreenId::Qel11));
-        QCOMPARE(Screens::activeScreen()->screenId(), ScreenId::Qel10);
+        FinalTestPage *page = openPage();
+        QCOMPARE(page->overviewLines[10]->text(), u"Seite 11 (Abschlusstest)"_s);
+        page->overviewEntry->trigger();
+        QVERIFY(page->overviewFrame->isVisible());
+        QTest::mouseClick(page->overviewCloseButton, Qt::LeftButton);
+        QVERIFY(page->overviewFrame->isHidden());
+        page->overviewEntry->trigger();
+        QTest::mouseClick(page->overviewLines[0], Qt::LeftButton);
+        QVERIFY(!Screens::loaded(ScreenId::FinalTest));
+        QCOMPARE(Screens::activeScreen()->screenId(), ScreenId::Page1);
+        QTest::mouseClick(openPage()->previousPageButton, Qt::LeftButton);
+        QVERIFY(!Screens::loaded(ScreenId::FinalTest));
+        QCOMPARE(Screens::activeScreen()->screenId(), ScreenId::Page10);
     }
 
     // Texts of the page that the log does not show already.
     void captions() {
-        Qel11 *p = openPage();
+        FinalTestPage *p = openPage();
         QCOMPARE(
-            (QStringList{p->windowTitle(), p->Label1->text(), p->Label17->caption(),
-                         p->Command7->text(), p->Command1->accessibleName(),
-                         p->Command4->accessibleName(), p->Command5->accessibleName(),
-                         p->Command3->accessibleName(), p->Label21->text()}),
+            (QStringList{p->windowTitle(), p->titleLabel->text(), p->instructionLabel->caption(),
+                         p->printButton->text(), p->endPageButton->accessibleName(),
+                         p->restartTestButton->accessibleName(), p->gradeButton->accessibleName(),
+                         p->endButton->accessibleName(), p->explanationHint->text()}),
             (QStringList{u"Kelvora"_s + QString(114, u' ') + u"Seite 11"_s, u"Abschlusstest"_s,
                          u"  \u00dcberlege und klicke dann die richtige"_s + QString(15, u' ') +
                              u"L\u00f6sung an."_s + QString(52, u' ') +

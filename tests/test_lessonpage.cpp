@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Page 1 as a pupil works it: typing, try again, pace note, menu switches, overview, exit frame.
+#include "captionlabel.h"
+#include "course.h"
 #include "lessonpage.h"
-#include "modul1.h"
 #include "picture.h"
 #include "screens.h"
 #include "testsupport.h"
+#include "theme.h"
 
 #include <QAction>
 #include <QGroupBox>
@@ -15,26 +17,24 @@
 #include <QTest>
 #include <QTimer>
 
-using namespace Modul1;
-
 namespace {
 
 // Page 1 opened as the programme opens it, at 10:00:00 on the test clock.
 LessonPage *openPage1(TestProgramme &programme) {
     QList<QPair<ScreenId, QString>> probes{
-        {ScreenId::Steuerzentrum, QStringLiteral("Steuerzentrum")}};
+        {ScreenId::ControlCentre, QStringLiteral("Steuerzentrum")}};
     for (int page = 2; page <= 11; ++page)
         probes.append({pageScreen(page), QStringLiteral("Qel%1").arg(page)});
     registerProbes(probes);
-    Screens::registerScreen(ScreenId::Qel1, [] { return new LessonPage(1); });
+    Screens::registerScreen(ScreenId::Page1, [] { return new LessonPage(1); });
     programme.setTime(10 * 3600);
-    return Screens::show<LessonPage>(ScreenId::Qel1);
+    return Screens::show<LessonPage>(ScreenId::Page1);
 }
 
 QList<int> visibleFeedback(const LessonPage *page) {
     QList<int> shown;
-    for (int i = 0; i < page->Image3.size(); ++i) {
-        if (!page->Image3.at(i)->isHidden())
+    for (int i = 0; i < page->feedbackPictures.size(); ++i) {
+        if (!page->feedbackPictures.at(i)->isHidden())
             shown.append(i);
     }
     return shown;
@@ -42,8 +42,8 @@ QList<int> visibleFeedback(const LessonPage *page) {
 
 // Answers the current question with its scoring letter and moves on.
 void answerRight(LessonPage *page, const QString &letter) {
-    QTest::keyClicks(page->Text1, letter);
-    QTest::mouseClick(page->Command1, Qt::LeftButton);
+    QTest::keyClicks(page->answerEdit, letter);
+    QTest::mouseClick(page->nextQuestionButton, Qt::LeftButton);
 }
 
 bool lightGreyAndEnabled(const QPushButton *b) {
@@ -70,26 +70,26 @@ private Q_SLOTS:
 void TestLessonPage::designState() {
     TestProgramme programme;
     LessonPage *page = openPage1(programme);
-    QCOMPARE(StartFilePath, programme.path(QStringLiteral("StartQelB.txt")));
-    QCOMPARE(QuestionStartTime, 36000);
-    QVERIFY(page->Label8->isHidden() && page->Label12->isHidden());
-    QVERIFY(!page->Command1->isEnabled() && !page->Command5->isEnabled());
-    QVERIFY(page->exitFrame.Frame10->isHidden() && !page->Timer1->isActive());
-    QCOMPARE(page->Label3->text(), QStringLiteral("Auswahl-\nAntworten:"));
+    QCOMPARE(course.startFilePath, programme.path(QStringLiteral("StartQelB.txt")));
+    QCOMPARE(course.questionStartTime, 36000);
+    QVERIFY(page->paceNote->isHidden() && page->explanationHint->isHidden());
+    QVERIFY(!page->nextQuestionButton->isEnabled() && !page->retryButton->isEnabled());
+    QVERIFY(page->exitFrame->isHidden() && !page->paceTimer->isActive());
+    QCOMPARE(page->optionsHeading->text(), QStringLiteral("Auswahl-\nAntworten:"));
     QCOMPARE(kPaceNote.size(), 407);
-    QCOMPARE(page->Label8->text(),
+    QCOMPARE(page->paceNote->text(),
              QStringLiteral("Hinweis:\nDamit du dir bei diesem Lernprogramm viel merken kannst, "
                             "ist es notwendig, dass  du dir die Fragen gründlich durchliest, "
                             "bevor du sie beantwortest.\n\nDu arbeitest also zu hastig!"));
     // A click into the empty answer field leaves the focus there.
-    page->Text1->setFocus();
-    QTest::mouseClick(page->Text1, Qt::LeftButton);
-    QCOMPARE(page->focusWidget(), page->Text1);
-    QCOMPARE(page->Text1->accessibleName(), QStringLiteral("Antwort"));
+    page->answerEdit->setFocus();
+    QTest::mouseClick(page->answerEdit, Qt::LeftButton);
+    QCOMPARE(page->focusWidget(), page->answerEdit);
+    QCOMPARE(page->answerEdit->accessibleName(), QStringLiteral("Antwort"));
     const QList<QPair<QPushButton *, QString>> buttons = {
-        {page->Command1, QStringLiteral("Nächste Frage")},
-        {page->Command5, QStringLiteral("Aufgabe wiederholen")},
-        {page->Command3, QStringLiteral("Beenden")}};
+        {page->nextQuestionButton, QStringLiteral("Nächste Frage")},
+        {page->retryButton, QStringLiteral("Aufgabe wiederholen")},
+        {page->endButton, QStringLiteral("Beenden")}};
     for (const auto &[button, name] : buttons) {
         QCOMPARE(button->accessibleName(), name);
         QCOMPARE(button->toolTip(), name);
@@ -130,16 +130,16 @@ void TestLessonPage::typedLetters() {
     const QStringList tries = typed.split(QLatin1Char('!'));
     for (qsizetype i = 0; i < tries.size(); ++i) {
         if (i > 0)
-            QTest::mouseClick(page->Command5, Qt::LeftButton);
-        QTest::keyClicks(page->Text1, tries[i]);
+            QTest::mouseClick(page->retryButton, Qt::LeftButton);
+        QTest::keyClicks(page->answerEdit, tries[i]);
     }
-    QCOMPARE(page->Text1->text(), field);
+    QCOMPARE(page->answerEdit->text(), field);
     QCOMPARE(visibleFeedback(page), pictures);
-    QCOMPARE(page->Label9->text(), points);
-    QCOMPARE(lightGreyAndEnabled(page->Command5), again);
+    QCOMPARE(page->pointsLabel->text(), points);
+    QCOMPARE(lightGreyAndEnabled(page->retryButton), again);
     if (typed.endsWith(QLatin1Char('!')))
-        QCOMPARE(page->focusWidget(), page->Text1);
-    QCOMPARE(QuestionStartTime, 36000); // a new try does not restart the question's clock
+        QCOMPARE(page->focusWidget(), page->answerEdit);
+    QCOMPARE(course.questionStartTime, 36000); // a new try does not restart the question's clock
 }
 
 void TestLessonPage::paceNote_data() {
@@ -165,22 +165,22 @@ void TestLessonPage::paceNote() {
         answerRight(page, QStringLiteral("c"));
     }
     programme.advance(after);
-    QTest::keyClicks(page->Text1, QStringLiteral("b"));
+    QTest::keyClicks(page->answerEdit, QStringLiteral("b"));
     QCOMPARE(visibleFeedback(page).size(), 1); // the verdict comes either way
-    QCOMPARE(!page->Label8->isHidden(), tooFast);
-    QCOMPARE(page->Timer1->isActive(), tooFast);
-    QCOMPARE(page->Command2->isEnabled(), !tooFast);
-    QCOMPARE(page->Command4->isEnabled(), !tooFast);
-    QCOMPARE(page->Command3->isEnabled(), !tooFast);
+    QCOMPARE(!page->paceNote->isHidden(), tooFast);
+    QCOMPARE(page->paceTimer->isActive(), tooFast);
+    QCOMPARE(page->previousPageButton->isEnabled(), !tooFast);
+    QCOMPARE(page->nextPageButton->isEnabled(), !tooFast);
+    QCOMPARE(page->endButton->isEnabled(), !tooFast);
     if (!tooFast)
         return;
-    QCOMPARE(page->Timer1->interval(), 5000);
-    QCOMPARE(page->Command3->palette().color(QPalette::Button), buttonFace());
-    fireTimer(page->Timer1);
-    QVERIFY(page->Label8->isHidden());
-    QVERIFY(page->Command2->isEnabled() && page->Command4->isEnabled());
-    QVERIFY(lightGreyAndEnabled(page->Command3));
-    QVERIFY(page->Timer1->isActive());
+    QCOMPARE(page->paceTimer->interval(), 5000);
+    QCOMPARE(page->endButton->palette().color(QPalette::Button), Theme::buttonFace());
+    fireTimer(page->paceTimer);
+    QVERIFY(page->paceNote->isHidden());
+    QVERIFY(page->previousPageButton->isEnabled() && page->nextPageButton->isEnabled());
+    QVERIFY(lightGreyAndEnabled(page->endButton));
+    QVERIFY(page->paceTimer->isActive());
 }
 
 // The button explanation: shown at first, withdrawn after ten seconds with a hint for ten more,
@@ -189,37 +189,37 @@ void TestLessonPage::paceNote() {
 void TestLessonPage::menuSwitches() {
     TestProgramme programme;
     LessonPage *page = openPage1(programme);
-    QVERIFY(page->Timer2->isActive() && page->Timer2->interval() == 10000);
-    QCOMPARE(page->Timer3->interval(), 10000);
-    QVERIFY(!page->Image4->isHidden());
-    fireTimer(page->Timer2);
-    QVERIFY(page->Image4->isHidden() && !page->menus.mnuSteuer->isChecked());
-    QVERIFY(!page->Label12->isHidden());
-    QVERIFY(page->Timer3->isActive());
-    QVERIFY(!page->Timer2->isActive());
-    fireTimer(page->Timer3);
-    QVERIFY(page->Label12->isHidden());
-    QVERIFY(!page->Timer3->isActive());
+    QVERIFY(page->explanationTimer->isActive() && page->explanationTimer->interval() == 10000);
+    QCOMPARE(page->hintTimer->interval(), 10000);
+    QVERIFY(!page->explanationPicture->isHidden());
+    fireTimer(page->explanationTimer);
+    QVERIFY(page->explanationPicture->isHidden() && !page->explanationEntry->isChecked());
+    QVERIFY(!page->explanationHint->isHidden());
+    QVERIFY(page->hintTimer->isActive());
+    QVERIFY(!page->explanationTimer->isActive());
+    fireTimer(page->hintTimer);
+    QVERIFY(page->explanationHint->isHidden());
+    QVERIFY(!page->hintTimer->isActive());
 
-    page->menus.mnuSteuer->trigger();
-    QVERIFY(!page->Image4->isHidden() && page->menus.mnuSteuer->isChecked());
-    page->menus.mnuSteuer->trigger();
-    QVERIFY(page->Image4->isHidden() && !page->menus.mnuSteuer->isChecked());
+    page->explanationEntry->trigger();
+    QVERIFY(!page->explanationPicture->isHidden() && page->explanationEntry->isChecked());
+    page->explanationEntry->trigger();
+    QVERIFY(page->explanationPicture->isHidden() && !page->explanationEntry->isChecked());
 
-    page->menus.mnuSteuer->trigger();
-    page->menus.mnuPunkt->trigger();
-    QVERIFY(page->Label6->isHidden() && page->Label9->isHidden());
-    QVERIFY(!page->menus.mnuPunkt->isChecked());
+    page->explanationEntry->trigger();
+    page->pointsEntry->trigger();
+    QVERIFY(page->pointsHeading->isHidden() && page->pointsLabel->isHidden());
+    QVERIFY(!page->pointsEntry->isChecked());
     answerRight(page, QStringLiteral("c"));
-    QTest::keyClicks(page->Text1, QStringLiteral("a"));
-    QTest::mouseClick(page->Command5, Qt::LeftButton);
-    QVERIFY(!page->Image4->isHidden() && page->menus.mnuSteuer->isChecked());
-    QTest::keyClicks(page->Text1, QStringLiteral("b"));
-    QVERIFY(page->Image4->isHidden() && !page->menus.mnuSteuer->isChecked());
-    page->menus.mnuPunkt->trigger();
-    QVERIFY(!page->Label6->isHidden() && !page->Label9->isHidden());
-    QVERIFY(page->menus.mnuPunkt->isChecked());
-    QCOMPARE(page->Label9->text(), QStringLiteral(" 2 von 3"));
+    QTest::keyClicks(page->answerEdit, QStringLiteral("a"));
+    QTest::mouseClick(page->retryButton, Qt::LeftButton);
+    QVERIFY(!page->explanationPicture->isHidden() && page->explanationEntry->isChecked());
+    QTest::keyClicks(page->answerEdit, QStringLiteral("b"));
+    QVERIFY(page->explanationPicture->isHidden() && !page->explanationEntry->isChecked());
+    page->pointsEntry->trigger();
+    QVERIFY(!page->pointsHeading->isHidden() && !page->pointsLabel->isHidden());
+    QVERIFY(page->pointsEntry->isChecked());
+    QCOMPARE(page->pointsLabel->text(), QStringLiteral(" 2 von 3"));
 }
 
 void TestLessonPage::overview_data() {
@@ -236,11 +236,11 @@ void TestLessonPage::overview() {
     TestProgramme programme;
     QPointer<LessonPage> page = openPage1(programme);
     answerRight(page, QStringLiteral("c"));
-    QTest::keyClicks(page->Text1, QStringLiteral("a"));
-    page->menus.mnuWo->trigger();
-    QVERIFY(!page->overview.Frame2->isHidden() && !page->overview.Shape6->isHidden());
-    QCOMPARE(page->overview.lines[0]->text(), QStringLiteral("Seite 1 (Frage 1 -  5)"));
-    QTest::mouseClick(page->overview.lines[line], Qt::LeftButton);
+    QTest::keyClicks(page->answerEdit, QStringLiteral("a"));
+    page->overviewEntry->trigger();
+    QVERIFY(!page->overviewFrame->isHidden() && !page->overviewBorder->isHidden());
+    QCOMPARE(page->overviewLines[0]->text(), QStringLiteral("Seite 1 (Frage 1 -  5)"));
+    QTest::mouseClick(page->overviewLines[line], Qt::LeftButton);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(page.isNull());
     QVERIFY(!Screens::programmeEnded());
@@ -249,14 +249,14 @@ void TestLessonPage::overview() {
                                               opened + QStringLiteral(":activate")}));
         return;
     }
-    auto *fresh = Screens::loaded<LessonPage>(ScreenId::Qel1);
+    auto *fresh = Screens::loaded<LessonPage>(ScreenId::Page1);
     QVERIFY(fresh);
-    QCOMPARE(fresh->Label9->text(), QStringLiteral(" 0 von 0"));
-    QVERIFY(fresh->overview.Frame2->isHidden());
-    fresh->menus.mnuWo->trigger();
-    QTest::mouseClick(fresh->overview.Command6, Qt::LeftButton);
-    QVERIFY(fresh->overview.Frame2->isHidden() && fresh->overview.Shape6->isHidden());
-    QCOMPARE(fresh->focusWidget(), fresh->Text1);
+    QCOMPARE(fresh->pointsLabel->text(), QStringLiteral(" 0 von 0"));
+    QVERIFY(fresh->overviewFrame->isHidden());
+    fresh->overviewEntry->trigger();
+    QTest::mouseClick(fresh->overviewCloseButton, Qt::LeftButton);
+    QVERIFY(fresh->overviewFrame->isHidden() && fresh->overviewBorder->isHidden());
+    QCOMPARE(fresh->focusWidget(), fresh->answerEdit);
 }
 
 void TestLessonPage::exitFrame_data() {
@@ -276,24 +276,23 @@ void TestLessonPage::exitFrame() {
     QFETCH(QByteArray, expected);
     TestProgramme programme;
     LessonPage *page = openPage1(programme);
-    QTest::mouseClick(page->Command3, Qt::LeftButton);
-    QVERIFY(!page->exitFrame.Frame10->isHidden() && !page->exitFrame.Picture10->isHidden());
-    QTest::mouseClick(page->exitFrame.Command12, Qt::LeftButton);
-    QVERIFY(page->exitFrame.Frame10->isHidden() && page->exitFrame.Picture10->isHidden());
-    QCOMPARE(page->focusWidget(), page->Text1);
+    QTest::mouseClick(page->endButton, Qt::LeftButton);
+    QVERIFY(!page->exitFrame->isHidden() && !page->exitCover->isHidden());
+    QTest::mouseClick(page->stayButton, Qt::LeftButton);
+    QVERIFY(page->exitFrame->isHidden() && page->exitCover->isHidden());
+    QCOMPARE(page->focusWidget(), page->answerEdit);
     programme.advance(20);
-    QTest::keyClicks(page->Text1, QStringLiteral("c"));
-    QTest::mouseClick(page->Command3, Qt::LeftButton);
-    QTest::mouseClick(page->exitFrame.Command12, Qt::LeftButton);
-    QCOMPARE(page->focusWidget(), page->Command3);
+    QTest::keyClicks(page->answerEdit, QStringLiteral("c"));
+    QTest::mouseClick(page->endButton, Qt::LeftButton);
+    QTest::mouseClick(page->stayButton, Qt::LeftButton);
+    QCOMPARE(page->focusWidget(), page->endButton);
     QVERIFY(programme.read(QStringLiteral("StartQelB.txt")).isNull());
     QVERIFY(!Screens::programmeEnded());
 
     if (!writable)
-        StartFilePath = programme.path(QStringLiteral("gone/StartQelB.txt"));
-    QTest::mouseClick(page->Command3, Qt::LeftButton);
-    QTest::mouseClick(resumeHere ? page->exitFrame.Command11 : page->exitFrame.Command10,
-                      Qt::LeftButton);
+        course.startFilePath = programme.path(QStringLiteral("gone/StartQelB.txt"));
+    QTest::mouseClick(page->endButton, Qt::LeftButton);
+    QTest::mouseClick(resumeHere ? page->resumeButton : page->restartButton, Qt::LeftButton);
     QVERIFY(Screens::programmeEnded());
     QVERIFY(!Screens::anyLoaded());
     QCOMPARE(programme.read(QStringLiteral("StartQelB.txt")), expected);

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The ten lesson pages: every letter, what differs per page, picture texts, the run to the end.
+#include "captionlabel.h"
+#include "course.h"
 #include "lessonpage.h"
-#include "modul1.h"
 #include "picture.h"
 #include "questionbank.h"
 #include "screens.h"
@@ -18,8 +19,6 @@
 
 #include <cstring>
 #include <set>
-
-using namespace Modul1;
 
 namespace {
 
@@ -74,14 +73,14 @@ LessonPage *openPage(int page) {
 // Types the letter as a pupil does, after a pause long enough not to be thought hasty.
 void type(TestProgramme &prog, LessonPage *page, const QString &letter) {
     prog.advance(10);
-    QTest::keyClicks(page->Text1, letter);
+    QTest::keyClicks(page->answerEdit, letter);
 }
 
 // Answers the questions before `question` right and moves on with the next-question button.
 void goToQuestion(TestProgramme &prog, LessonPage *page, int question) {
     for (int q = 1; q < question; ++q) {
         type(prog, page, rightLetter(page->info().number, q));
-        QTest::mouseClick(page->Command1, Qt::LeftButton);
+        QTest::mouseClick(page->nextQuestionButton, Qt::LeftButton);
     }
 }
 
@@ -100,8 +99,8 @@ class TestPages : public QObject {
 private Q_SLOTS:
     void initTestCase() {
         registerLessonPages();
-        registerProbes({{ScreenId::Steuerzentrum, QStringLiteral("Steuerzentrum")},
-                        {ScreenId::Qel11, QStringLiteral("Qel11")}});
+        registerProbes({{ScreenId::ControlCentre, QStringLiteral("Steuerzentrum")},
+                        {ScreenId::FinalTest, QStringLiteral("Qel11")}});
     }
     void letters_data();
     void letters();
@@ -119,7 +118,7 @@ void TestPages::letters_data() {
     QTest::addColumn<int>("question");
     QTest::addColumn<QString>("letter");
     QTest::addColumn<int>("picture");
-    QTest::addColumn<int>("flag"); // AnswerCorrectFlag afterwards
+    QTest::addColumn<int>("flag"); // course.answerCorrectFlag afterwards
     for (int page = 1; page <= 10; ++page) {
         const PageRow &row = pageRow(page);
         for (int q = 0; q < 5; ++q) {
@@ -146,31 +145,31 @@ void TestPages::letters() {
     TestProgramme prog;
     LessonPage *p = openPage(page);
     goToQuestion(prog, p, question);
-    QCOMPARE(visible(p->Image1), QList<int>{question - 1});
-    QCOMPARE(visible(p->Image2), QList<int>{question - 1});
+    QCOMPARE(visible(p->questionPictures), QList<int>{question - 1});
+    QCOMPARE(visible(p->optionPictures), QList<int>{question - 1});
 
     type(prog, p, letter);
 
-    QCOMPARE(p->Text1->text(), letter.toUpper());
-    QCOMPARE(visible(p->Image3), QList<int>{picture});
+    QCOMPARE(p->answerEdit->text(), letter.toUpper());
+    QCOMPARE(visible(p->feedbackPictures), QList<int>{picture});
     const int correct = question - 1 + (scores ? 1 : 0);
-    QCOMPARE(p->Label9->text(), QStringLiteral(" %1 von %2").arg(correct).arg(question));
-    QCOMPARE(p->Command1->isEnabled(), scores);
-    QCOMPARE(p->Command5->isEnabled(), !scores);
-    QCOMPARE(p->focusWidget(), scores ? p->Command1 : p->Command5);
-    QCOMPARE(int(AnswerCorrectFlag), flag);
+    QCOMPARE(p->pointsLabel->text(), QStringLiteral(" %1 von %2").arg(correct).arg(question));
+    QCOMPARE(p->nextQuestionButton->isEnabled(), scores);
+    QCOMPARE(p->retryButton->isEnabled(), !scores);
+    QCOMPARE(p->focusWidget(), scores ? p->nextQuestionButton : p->retryButton);
+    QCOMPARE(int(course.answerCorrectFlag), flag);
 
     // The first group sends the focus to "try again". Page 8's scoring C of question 3 stands in
     // it: "try again" is off and cannot take the focus, which stays in the answer field.
     const PageRow &row = pageRow(page);
     QWidget *expected = nullptr;
     if (row.wrongGroup.count(picture))
-        expected = scores ? static_cast<QWidget *>(p->Text1) : p->Command5;
+        expected = scores ? static_cast<QWidget *>(p->answerEdit) : p->retryButton;
     else if (row.rightGroup.count(picture))
-        expected = p->Command1;
+        expected = p->nextQuestionButton;
     QVERIFY(expected);
-    p->Text1->setFocus();
-    QTest::mouseClick(p->Text1, Qt::LeftButton);
+    p->answerEdit->setFocus();
+    QTest::mouseClick(p->answerEdit, Qt::LeftButton);
     QCOMPARE(p->focusWidget(), expected);
 }
 
@@ -197,43 +196,46 @@ void TestPages::pageRules() {
 
     TestProgramme prog;
     // ">>" opens the next screen and unloads the page; "<<" from a fresh copy the previous one.
-    QTest::mouseClick(openPage(page)->Command4, Qt::LeftButton);
+    QTest::mouseClick(openPage(page)->nextPageButton, Qt::LeftButton);
     QVERIFY(Screens::loaded(pageScreen(page + 1)) && !Screens::loaded(pageScreen(page)));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QTest::mouseClick(openPage(page)->Command2, Qt::LeftButton);
-    QVERIFY(Screens::loaded(first ? ScreenId::Steuerzentrum : pageScreen(page - 1)) &&
+    QTest::mouseClick(openPage(page)->previousPageButton, Qt::LeftButton);
+    QVERIFY(Screens::loaded(first ? ScreenId::ControlCentre : pageScreen(page - 1)) &&
             !Screens::loaded(pageScreen(page)));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 
-    CorrectCount = 7;
-    AnsweredCount = 9;
+    course.correctCount = 7;
+    course.answeredCount = 9;
     LessonPage *p = openPage(page);
     QCOMPARE(p->windowTitle(), QStringLiteral("Kelvora") + QString(blanks, QLatin1Char(' ')) +
                                    QStringLiteral("Seite %1").arg(page));
-    QCOMPARE(p->Label9->text(), first ? QStringLiteral(" 0 von 0") : QStringLiteral(" 7 von 9"));
-    QCOMPARE(p->Image3.size(), row.highest + 1);
+    QCOMPARE(p->pointsLabel->text(),
+             first ? QStringLiteral(" 0 von 0") : QStringLiteral(" 7 von 9"));
+    QCOMPARE(p->feedbackPictures.size(), row.highest + 1);
 
     // Page 1 alone introduces the control buttons with two timers and a hint label.
     QCOMPARE(p->findChildren<QTimer *>().size(), first ? 3 : 1);
-    QCOMPARE(p->Label12 != nullptr, first);
+    QCOMPARE(p->explanationHint != nullptr, first);
     if (first)
-        QCOMPARE(p->Label12->text(), QStringLiteral("Erklärung der Buttons ein- und ausschalten: "
-                                                    "Menü: Ansicht / Erklärung Steuerbuttons"));
+        QCOMPARE(p->explanationHint->text(),
+                 QStringLiteral("Erklärung der Buttons ein- und ausschalten: "
+                                "Menü: Ansicht / Erklärung Steuerbuttons"));
 
     // Five numbered questions with three options, the last two pictures for bad input, a closing
     // line for every wrong answer, and the button line on pages 1 and 2 only.
     const QRegularExpression options(QStringLiteral("^(.+ )?A\\) .+ B\\) .+ C\\) .+$"));
     for (int q = 0; q < 5; ++q) {
-        QVERIFY(p->Image1[q]->plainText().startsWith(QStringLiteral("%1. ").arg(page * 5 - 4 + q)));
-        QVERIFY(options.match(p->Image2[q]->plainText()).hasMatch());
+        QVERIFY(p->questionPictures[q]->plainText().startsWith(
+            QStringLiteral("%1. ").arg(page * 5 - 4 + q)));
+        QVERIFY(options.match(p->optionPictures[q]->plainText()).hasMatch());
     }
 
     const QString closing = page <= 2 ? QStringLiteral("Antworte noch einmal. (Schaltknopf "
                                                        "„Aufgabe wiederholen“ )")
                                       : QStringLiteral("Antworte noch einmal.");
-    QCOMPARE(p->Image3.at(row.highest - 1)->plainText(),
+    QCOMPARE(p->feedbackPictures.at(row.highest - 1)->plainText(),
              QStringLiteral("Du hast vergessen, etwas einzugeben. ") + closing);
-    QCOMPARE(p->Image3.at(row.highest)->plainText(),
+    QCOMPARE(p->feedbackPictures.at(row.highest)->plainText(),
              QStringLiteral("Falsch! Du darfst nur mit A, B oder C (oder a, b oder c) "
                             "antworten. ") +
                  closing);
@@ -245,7 +247,7 @@ void TestPages::pageRules() {
         used.insert(std::begin(shows), std::end(shows));
     QCOMPARE(int(used.size()), row.highest - 1);
     for (int i : used) {
-        const QString text = p->Image3.at(i)->plainText();
+        const QString text = p->feedbackPictures.at(i)->plainText();
         QVERIFY2(!text.isEmpty(), qPrintable(QString::number(i)));
         if (text.startsWith(QStringLiteral("Richtig!")))
             QVERIFY2(!text.contains(QStringLiteral("Antworte noch einmal.")), qPrintable(text));
@@ -257,19 +259,19 @@ void TestPages::pageRules() {
 
     // With every picture up to the highest index shown, "try again" and "next question" hide all.
     type(prog, p, QLatin1String(rightLetter(page, 1) == QLatin1String("A") ? "B" : "A"));
-    for (Picture *picture : p->Image3)
+    for (Picture *picture : p->feedbackPictures)
         picture->show();
-    QTest::mouseClick(p->Command5, Qt::LeftButton);
-    QCOMPARE(visible(p->Image3), QList<int>());
+    QTest::mouseClick(p->retryButton, Qt::LeftButton);
+    QCOMPARE(visible(p->feedbackPictures), QList<int>());
     type(prog, p, rightLetter(page, 1));
-    for (Picture *picture : p->Image3)
+    for (Picture *picture : p->feedbackPictures)
         picture->show();
-    QTest::mouseClick(p->Command1, Qt::LeftButton);
-    QCOMPARE(visible(p->Image3), QList<int>());
+    QTest::mouseClick(p->nextQuestionButton, Qt::LeftButton);
+    QCOMPARE(visible(p->feedbackPictures), QList<int>());
 
-    QTest::mouseClick(p->Command3, Qt::LeftButton);
-    QVERIFY(!p->exitFrame.Frame10->isHidden());
-    QTest::mouseClick(p->exitFrame.Command11, Qt::LeftButton);
+    QTest::mouseClick(p->endButton, Qt::LeftButton);
+    QVERIFY(!p->exitFrame->isHidden());
+    QTest::mouseClick(p->resumeButton, Qt::LeftButton);
     QVERIFY(Screens::programmeEnded());
     QCOMPARE(prog.read(QStringLiteral("StartQelB.txt")), saved);
 }
@@ -350,7 +352,7 @@ void TestPages::drawings() {
     TestProgramme prog;
     LessonPage *p = openPage(page);
     goToQuestion(prog, p, question);
-    Picture *picture = p->Image1[question - 1];
+    Picture *picture = p->questionPictures[question - 1];
     QCOMPARE(picture->accessibleName(),
              text + QLatin1Char(' ') + pageBank(page).questions[question - 1].drawingDescription);
 
@@ -374,15 +376,15 @@ void TestPages::runThroughAllPages() {
     LessonPage *p = openPage(1);
     for (int page = 1; page <= 10; ++page) {
         QVERIFY(p);
-        QCOMPARE(p->Label9->text(), QStringLiteral(" %1 von %1").arg((page - 1) * 5));
+        QCOMPARE(p->pointsLabel->text(), QStringLiteral(" %1 von %1").arg((page - 1) * 5));
         for (int q = 1; q <= 5; ++q) {
             type(prog, p, rightLetter(page, q));
             if (q == 5)
-                QCOMPARE(p->Image4->isHidden(), page == 1);
-            QTest::mouseClick(p->Command1, Qt::LeftButton);
+                QCOMPARE(p->explanationPicture->isHidden(), page == 1);
+            QTest::mouseClick(p->nextQuestionButton, Qt::LeftButton);
             if (q < 5) {
-                QVERIFY(!p->Command1->isEnabled());
-                QCOMPARE(p->focusWidget(), p->Text1);
+                QVERIFY(!p->nextQuestionButton->isEnabled());
+                QCOMPARE(p->focusWidget(), p->answerEdit);
             }
         }
         QVERIFY(!Screens::loaded(pageScreen(page)));
@@ -390,10 +392,10 @@ void TestPages::runThroughAllPages() {
         if (page < 10)
             p = Screens::loaded<LessonPage>(pageScreen(page + 1));
     }
-    QVERIFY(Screens::loaded(ScreenId::Qel11) &&
-            Screens::activeScreen() == Screens::loaded(ScreenId::Qel11));
-    QCOMPARE(int(CorrectCount), 50);
-    QCOMPARE(int(AnsweredCount), 50);
+    QVERIFY(Screens::loaded(ScreenId::FinalTest) &&
+            Screens::activeScreen() == Screens::loaded(ScreenId::FinalTest));
+    QCOMPARE(int(course.correctCount), 50);
+    QCOMPARE(int(course.answeredCount), 50);
 }
 
 QTEST_MAIN(TestPages)

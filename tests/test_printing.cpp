@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "finaltestpage.h"
 #include "printing.h"
-#include "qel11.h"
 #include "screens.h"
 #include "testsupport.h"
 
@@ -56,14 +56,14 @@ QStringList pdfLines(const QString &pdf) {
 
 // Solves the test, with one wrong click, and prints it with the button that ends the programme.
 void printFinishedTest() {
-    auto *page = Screens::show<Qel11>(ScreenId::Qel11);
+    auto *page = Screens::show<FinalTestPage>(ScreenId::FinalTest);
     for (int i : {2, 0, 7, 9, 14, 17, 20, 26, 29, 33, 39}) {
-        if (page->Timer1->isActive())
-            page->Timer1_Timer();
-        QTest::mouseClick(page->Option1[static_cast<std::size_t>(i)], Qt::LeftButton);
+        if (page->halfChangeTimer->isActive())
+            page->showSecondHalf();
+        QTest::mouseClick(page->optionButtons[static_cast<std::size_t>(i)], Qt::LeftButton);
     }
-    QVERIFY(page->Command7->isVisible());
-    QTest::mouseClick(page->Command7, Qt::LeftButton);
+    QVERIFY(page->printButton->isVisible());
+    QTest::mouseClick(page->printButton, Qt::LeftButton);
 }
 
 // A page of a PDF as a grey picture at 50 dots per inch.
@@ -139,7 +139,7 @@ private Q_SLOTS:
             printFinishedTest();
         } else {
             programme->write(u"TestergebnisQel.doc"_s, log);
-            Screens::show<Qel11>(ScreenId::Qel11)->Command7_Click();
+            Screens::show<FinalTestPage>(ScreenId::FinalTest)->printAndEnd();
         }
         QVERIFY(Screens::programmeEnded());
         QCOMPARE(pdfLines(pdf),
@@ -154,7 +154,7 @@ private Q_SLOTS:
     void failures() {
         const auto failure = [] {
             try {
-                Screens::show<Qel11>(ScreenId::Qel11)->Command7_Click();
+                Screens::show<FinalTestPage>(ScreenId::FinalTest)->printAndEnd();
             } catch (const ProgrammeFailure &e) {
                 return QString::fromStdString(e.what());
             }

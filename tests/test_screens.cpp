@@ -3,6 +3,8 @@
 // programme.
 #include "screens.h"
 #include "testsupport.h"
+#include "theme.h"
+#include "widgets.h"
 
 #include <QPointer>
 #include <QPushButton>
@@ -12,9 +14,9 @@
 namespace {
 
 const QList<QPair<ScreenId, QString>> kProbes = {
-    {ScreenId::Qel1, QStringLiteral("Qel1")},
-    {ScreenId::Qel2, QStringLiteral("Qel2")},
-    {ScreenId::ArbWei, QStringLiteral("ArbWei")},
+    {ScreenId::Page1, QStringLiteral("Qel1")},
+    {ScreenId::Page2, QStringLiteral("Qel2")},
+    {ScreenId::WorkingMethod, QStringLiteral("ArbWei")},
 };
 
 void settle() {
@@ -39,9 +41,9 @@ private Q_SLOTS:
 
 void TestScreens::showLoadsOnceAndActivates() {
     TestProgramme programme;
-    Form *first = Screens::show(ScreenId::Qel1);
+    Form *first = Screens::show(ScreenId::Page1);
     QVERIFY(first);
-    QCOMPARE(Screens::show(ScreenId::Qel1), first);
+    QCOMPARE(Screens::show(ScreenId::Page1), first);
     QCOMPARE(ProbeForm::log,
              QStringList({QStringLiteral("Qel1:load"), QStringLiteral("Qel1:activate")}));
     QCOMPARE(Screens::activeScreen(), first);
@@ -50,55 +52,55 @@ void TestScreens::showLoadsOnceAndActivates() {
 
 void TestScreens::unloadThenShowKeepsTheProgramme() {
     TestProgramme programme;
-    QPointer<Form> old = Screens::show(ScreenId::Qel1);
-    Screens::unload(ScreenId::Qel1);
-    Form *fresh = Screens::show(ScreenId::Qel1);
+    QPointer<Form> old = Screens::show(ScreenId::Page1);
+    Screens::unload(ScreenId::Page1);
+    Form *fresh = Screens::show(ScreenId::Page1);
     settle();
     QVERIFY(!Screens::programmeEnded());
     QVERIFY(old.isNull());
-    QCOMPARE(Screens::loaded(ScreenId::Qel1), fresh);
+    QCOMPARE(Screens::loaded(ScreenId::Page1), fresh);
     QCOMPARE(ProbeForm::log.count(QStringLiteral("Qel1:load")), 2);
 }
 
 void TestScreens::lastUnloadEndsTheProgramme() {
     TestProgramme programme;
-    Screens::show(ScreenId::Qel1);
-    Screens::show(ScreenId::Qel2);
-    Screens::unload(ScreenId::Qel1);
+    Screens::show(ScreenId::Page1);
+    Screens::show(ScreenId::Page2);
+    Screens::unload(ScreenId::Page1);
     settle();
     QVERIFY(!Screens::programmeEnded());
-    Screens::unload(ScreenId::Qel2);
+    Screens::unload(ScreenId::Page2);
     QVERIFY(!Screens::programmeEnded()); // not before the handler has returned
     settle();
     QVERIFY(Screens::programmeEnded());
-    QVERIFY(!Screens::show(ScreenId::Qel1));
+    QVERIFY(!Screens::show(ScreenId::Page1));
 }
 
 void TestScreens::closeBoxUnloads() {
     TestProgramme programme;
-    Form *page = Screens::show(ScreenId::Qel1);
+    Form *page = Screens::show(ScreenId::Page1);
     page->close();
-    QVERIFY(!Screens::loaded(ScreenId::Qel1));
+    QVERIFY(!Screens::loaded(ScreenId::Page1));
     settle();
     QVERIFY(Screens::programmeEnded());
 }
 
 void TestScreens::closingAnInformationScreenActivatesThePage() {
     TestProgramme programme;
-    Screens::show(ScreenId::Qel1);
-    Screens::show(ScreenId::ArbWei);
-    Screens::show(ScreenId::ArbWei); // chosen twice: still one screen, not activated again
+    Screens::show(ScreenId::Page1);
+    Screens::show(ScreenId::WorkingMethod);
+    Screens::show(ScreenId::WorkingMethod); // chosen twice: still one screen, not activated again
     ProbeForm::log.clear();
-    Screens::unload(ScreenId::ArbWei);
+    Screens::unload(ScreenId::WorkingMethod);
     settle();
     QCOMPARE(ProbeForm::log, QStringList{QStringLiteral("Qel1:activate")});
-    QCOMPARE(Screens::activeScreen(), Screens::loaded(ScreenId::Qel1));
+    QCOMPARE(Screens::activeScreen(), Screens::loaded(ScreenId::Page1));
 }
 
 void TestScreens::endProgrammeEndsAtOnce() {
     TestProgramme programme;
-    Form *page = Screens::show(ScreenId::Qel1);
-    Screens::show(ScreenId::ArbWei);
+    Form *page = Screens::show(ScreenId::Page1);
+    Screens::show(ScreenId::WorkingMethod);
     auto *timer = new QTimer(page);
     timer->start(10);
     Screens::endProgramme();
@@ -106,7 +108,7 @@ void TestScreens::endProgrammeEndsAtOnce() {
     QVERIFY(!Screens::anyLoaded());
     QVERIFY(!timer->isActive());
     QVERIFY(page->isHidden());
-    QVERIFY(!Screens::show(ScreenId::Qel2));
+    QVERIFY(!Screens::show(ScreenId::Page2));
 }
 
 void TestScreens::buttonColoursFollowTheEnabledState() {
@@ -116,7 +118,7 @@ void TestScreens::buttonColoursFollowTheEnabledState() {
     QCOMPARE(button.palette().color(QPalette::Button), QColor(224, 224, 224));
     setActive(&button, false);
     QVERIFY(!button.isEnabled());
-    QCOMPARE(button.palette().color(QPalette::Button), buttonFace());
+    QCOMPARE(button.palette().color(QPalette::Button), Theme::buttonFace());
 }
 
 QTEST_MAIN(TestScreens)

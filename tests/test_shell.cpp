@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The control centre, the end page with Qt's own German question box, and the information screens.
+#include "application.h"
+#include "controlcentre.h"
+#include "course.h"
+#include "endpage.h"
 #include "infoscreens.h"
 #include "lessonpage.h"
-#include "modul1.h"
 #include "picture.h"
-#include "qel50.h"
 #include "screens.h"
 #include "seams.h"
 #include "shell.h"
-#include "steuerzentrum.h"
 #include "testsupport.h"
 
 #include <QAction>
@@ -31,14 +32,14 @@ Arrivals arrivals;
 class TargetPage : public Form {
 public:
     using Form::Form;
-    void Form_Activate() override {
-        arrivals.append({screenId(), Screens::loaded(ScreenId::Steuerzentrum) != nullptr});
+    void onActivate() override {
+        arrivals.append({screenId(), Screens::loaded(ScreenId::ControlCentre) != nullptr});
     }
 };
 
 void registerTargetPages() {
-    for (int id = int(ScreenId::Qel1); id <= int(ScreenId::QelZens); ++id)
-        if (id != int(ScreenId::Qel50))
+    for (int id = int(ScreenId::Page1); id <= int(ScreenId::GradeScale); ++id)
+        if (id != int(ScreenId::EndPage))
             Screens::registerScreen(ScreenId(id), [id] { return new TargetPage(ScreenId(id)); });
 }
 
@@ -51,7 +52,7 @@ void settle() {
 
 } // namespace
 
-using MenuEntry = QAction *PageFrame::Menus::*;
+using MenuEntry = QAction *PageBase::*;
 Q_DECLARE_METATYPE(MenuEntry)
 
 class TestShell : public QObject {
@@ -75,18 +76,18 @@ private Q_SLOTS:
                 << i << int(page)
                 << QString::fromUtf8(topic) + QString(n, u' ') + QString::fromUtf8(ref);
         };
-        row(-1, ScreenId::Qel1, "Kelvora", 105, "Steuerzentrum");
-        row(0, ScreenId::Qel1, "Fragen 1 bis 5", 80, "- Seite 1");
-        row(1, ScreenId::Qel2, "Fragen 6 bis 10", 77, "- Seite 2");
-        row(2, ScreenId::Qel3, "Fragen 11 bis 15", 75, "- Seite 3");
-        row(3, ScreenId::Qel4, "Fragen 16 bis 20", 75, "- Seite 4");
-        row(4, ScreenId::Qel5, "Fragen 21 bis 25", 75, "- Seite 5");
-        row(5, ScreenId::Qel6, "Fragen 26 bis 30", 75, "- Seite 6");
-        row(6, ScreenId::Qel7, "Fragen 31 bis 35", 75, "- Seite 7");
-        row(7, ScreenId::Qel8, "Fragen 36 bis 40", 75, "- Seite 8");
-        row(8, ScreenId::Qel9, "Fragen 41 bis 45", 75, "- Seite 9");
-        row(9, ScreenId::Qel10, "Fragen 46 bis 50", 75, "- Seite 10");
-        row(10, ScreenId::Qel11, "Abschlusstest", 80, "- Seite 11");
+        row(-1, ScreenId::Page1, "Kelvora", 105, "Steuerzentrum");
+        row(0, ScreenId::Page1, "Fragen 1 bis 5", 80, "- Seite 1");
+        row(1, ScreenId::Page2, "Fragen 6 bis 10", 77, "- Seite 2");
+        row(2, ScreenId::Page3, "Fragen 11 bis 15", 75, "- Seite 3");
+        row(3, ScreenId::Page4, "Fragen 16 bis 20", 75, "- Seite 4");
+        row(4, ScreenId::Page5, "Fragen 21 bis 25", 75, "- Seite 5");
+        row(5, ScreenId::Page6, "Fragen 26 bis 30", 75, "- Seite 6");
+        row(6, ScreenId::Page7, "Fragen 31 bis 35", 75, "- Seite 7");
+        row(7, ScreenId::Page8, "Fragen 36 bis 40", 75, "- Seite 8");
+        row(8, ScreenId::Page9, "Fragen 41 bis 45", 75, "- Seite 9");
+        row(9, ScreenId::Page10, "Fragen 46 bis 50", 75, "- Seite 10");
+        row(10, ScreenId::FinalTest, "Abschlusstest", 80, "- Seite 11");
     }
     void centreOpensTarget() {
         QFETCH(int, index);
@@ -96,19 +97,17 @@ private Q_SLOTS:
         registerTargetPages();
         // The same choice a second time opens the page again.
         for (int round = 1; round <= 2; ++round) {
-            auto *centre = Screens::show<Steuerzentrum>(ScreenId::Steuerzentrum);
-            QCOMPARE(Modul1::TempIndex, 11);
-            QCOMPARE(index < 0 ? centre->windowTitle() : centre->Option1.at(index)->text(),
-                     caption);
+            auto *centre = Screens::show<ControlCentre>(ScreenId::ControlCentre);
+            QCOMPARE(index < 0 ? centre->windowTitle() : centre->topics.at(index)->text(), caption);
             if (index < 0)
-                QTest::mouseClick(centre->Command2, Qt::LeftButton);
+                QTest::mouseClick(centre->startButton, Qt::LeftButton);
             else // on the page reference, then on the round button
                 QTest::mouseClick(
-                    centre->Option1.at(index), Qt::LeftButton, {},
-                    QPoint(round == 1 ? centre->Option1.at(index)->referenceColumn() + 10 : 8, 10));
+                    centre->topics.at(index), Qt::LeftButton, {},
+                    QPoint(round == 1 ? centre->topics.at(index)->referenceColumn() + 10 : 8, 10));
             QCOMPARE(arrivals.size(), round);
             QCOMPARE(arrivals.last(), std::pair(static_cast<ScreenId>(target), true));
-            QCOMPARE(Screens::loaded(ScreenId::Steuerzentrum), nullptr);
+            QCOMPARE(Screens::loaded(ScreenId::ControlCentre), nullptr);
             settle();
             QVERIFY(Screens::loaded(static_cast<ScreenId>(target)));
         }
@@ -118,26 +117,26 @@ private Q_SLOTS:
     void comingBackAndKeyboard() {
         TestProgramme programme;
         registerTargetPages();
-        auto *centre = Screens::show<Steuerzentrum>(ScreenId::Steuerzentrum);
-        centre->Option1[9]->blockSignals(true); // a selection left over, without a choice
-        centre->Option1[9]->setChecked(true);
-        centre->Option1[9]->blockSignals(false);
-        Screens::show(ScreenId::QelZens);
+        auto *centre = Screens::show<ControlCentre>(ScreenId::ControlCentre);
+        centre->topics[9]->blockSignals(true); // a selection left over, without a choice
+        centre->topics[9]->setChecked(true);
+        centre->topics[9]->blockSignals(false);
+        Screens::show(ScreenId::GradeScale);
         arrivals.clear();
-        QCOMPARE(Screens::show(ScreenId::Steuerzentrum), centre);
-        for (TopicOption *option : centre->Option1)
+        QCOMPARE(Screens::show(ScreenId::ControlCentre), centre);
+        for (TopicOption *option : centre->topics)
             QVERIFY(!option->isChecked());
         QVERIFY(QTest::qWaitForWindowActive(centre));
-        centre->Command2->setFocus();
+        centre->startButton->setFocus();
         const Qt::Key keys[] = {Qt::Key_Tab, Qt::Key_Down, Qt::Key_Up, Qt::Key_Up, Qt::Key_Left};
         const int reached[] = {0, 1, 0, 10, 9};
         for (int i = 0; i < 5; ++i) {
             QTest::keyClick(QApplication::focusWidget(), keys[i]);
-            QCOMPARE(QApplication::focusWidget(), centre->Option1.at(reached[i]));
+            QCOMPARE(QApplication::focusWidget(), centre->topics.at(reached[i]));
         }
         QVERIFY2(arrivals.isEmpty(), "clearing or moving between topics opened a page");
-        QTest::keyClick(centre->Option1[9], Qt::Key_Space);
-        QCOMPARE(arrivals, (Arrivals{{ScreenId::Qel10, true}}));
+        QTest::keyClick(centre->topics[9], Qt::Key_Space);
+        QCOMPARE(arrivals, (Arrivals{{ScreenId::Page10, true}}));
     }
 
     void endPage_data() {
@@ -159,11 +158,11 @@ private Q_SLOTS:
         TestProgramme programme;
         registerTargetPages();
         programme.write(u"StartQelB.txt"_s, "\"7\"\r\n");
-        Modul1::StartFilePath = programme.path(u"StartQelB.txt"_s);
-        Modul1::CurrentPage = 11;
-        auto *end = Screens::show<Qel50>(ScreenId::Qel50);
+        course.startFilePath = programme.path(u"StartQelB.txt"_s);
+        course.currentPage = 11;
+        auto *end = Screens::show<EndPage>(ScreenId::EndPage);
         QCOMPARE(end->windowTitle(), u"Kelvora"_s);
-        QVERIFY(end->Image4->isVisible());
+        QVERIFY(end->circuitArt->isVisible());
 
         QString seen; // title, text, buttons, default button and icon of the real question box
         Seams::setYesNo({});
@@ -193,12 +192,13 @@ private Q_SLOTS:
         QCOMPARE(seen, answer.isEmpty() ? QString()
                                         : u"Ende?|Möchtest du wirklich die gesamte Arbeit "
                                           u"beenden?|Ja Nein|Nein|Frage"_s);
-        QCOMPARE(arrivals, (button == u"Zurück" ? Arrivals{{ScreenId::Qel11, false}} : Arrivals()));
+        QCOMPARE(arrivals,
+                 (button == u"Zurück" ? Arrivals{{ScreenId::FinalTest, false}} : Arrivals()));
         settle();
         QCOMPARE(programme.read(u"StartQelB.txt"_s), answer == u"Ja" ? "\"50\"\r\n" : "\"7\"\r\n");
-        QCOMPARE(Modul1::CurrentPage, answer == u"Ja" ? 50 : 11);
+        QCOMPARE(course.currentPage, answer == u"Ja" ? 50 : 11);
         QCOMPARE(Screens::programmeEnded(), ended);
-        QCOMPARE(Screens::loaded(ScreenId::Qel50) != nullptr, stays);
+        QCOMPARE(Screens::loaded(ScreenId::EndPage) != nullptr, stays);
         QCOMPARE(Screens::activeScreen() == end, stays);
     }
 
@@ -208,13 +208,13 @@ private Q_SLOTS:
         QTest::addColumn<QString>("caption");
         QTest::addColumn<QString>("fragments"); // in the order the picture shows them
         QTest::addRow("Arbeitsweise")
-            << int(ScreenId::ArbWei) << &PageFrame::Menus::mnuAWeise
+            << int(ScreenId::WorkingMethod) << &PageBase::workingMethodEntry
             << u"Kelvora"_s + QString(109, u' ') + u"Arbeitsweise"_s << u"Wo bin ich?"_s;
-        QTest::addRow("Autor") << int(ScreenId::Autor) << &PageFrame::Menus::mnuAutor
+        QTest::addRow("Autor") << int(ScreenId::Author) << &PageBase::authorEntry
                                << u"Kelvora"_s + QString(100, u' ') + u"Autor und Version"_s
                                << QStringLiteral("Autor: Kelvora-Team|Version: " KELVORA_VERSION);
         QTest::addRow("Voraus")
-            << int(ScreenId::Voraus) << &PageFrame::Menus::mnuVoraus
+            << int(ScreenId::Requirements) << &PageBase::requirementsEntry
             << u"Kelvora"_s + QString(70, u' ') + u"Voraussetzungen und Besonderheiten"_s
             << u"Voraussetzungen und Besonderheiten|WINDOWS 9x, WINDOWS 2000 und Windows XP|Linux|"
                u"kelvora.exe|windeployqt|StartQelB.txt|nicht gelöscht|TestergebnisQel.doc|"
@@ -229,18 +229,18 @@ private Q_SLOTS:
         const auto id = static_cast<ScreenId>(screen);
         TestProgramme programme;
         registerLessonPages();
-        Screens::registerScreen(ScreenId::Qel2, [] { return new TargetPage(ScreenId::Qel2); });
-        auto *page = Screens::show<LessonPage>(ScreenId::Qel1);
-        (page->menus.*entry)->trigger();
+        Screens::registerScreen(ScreenId::Page2, [] { return new TargetPage(ScreenId::Page2); });
+        auto *page = Screens::show<LessonPage>(ScreenId::Page1);
+        (page->*entry)->trigger();
         auto *info = Screens::loaded<InfoScreen>(id);
         QVERIFY(info);
         QCOMPARE(info->windowTitle(), caption);
-        Screens::show(ScreenId::Qel1);
-        (page->menus.*entry)->trigger(); // again: the one screen comes to the front
+        Screens::show(ScreenId::Page1);
+        (page->*entry)->trigger(); // again: the one screen comes to the front
         QCOMPARE(Screens::loaded<InfoScreen>(id), info);
         QCOMPARE(Screens::activeScreen(), info);
         QVERIFY(info->isVisible());
-        const QString text = info->Image1->plainText();
+        const QString text = info->picture->plainText();
         qsizetype from = 0;
         for (const QString &fragment : fragments.split(u'|')) {
             from = text.indexOf(fragment, from);
@@ -248,15 +248,15 @@ private Q_SLOTS:
             from += fragment.size();
         }
         // It stays open when the page moves on to the next one.
-        QTest::mouseClick(page->Command4, Qt::LeftButton);
+        QTest::mouseClick(page->nextPageButton, Qt::LeftButton);
         settle();
-        QVERIFY(Screens::loaded(ScreenId::Qel2));
+        QVERIFY(Screens::loaded(ScreenId::Page2));
         QVERIFY(info->isVisible());
         // Its picture button without a caption closes it.
-        QVERIFY(info->Command1->text().isEmpty() && !info->Command1->icon().isNull());
-        QCOMPARE(info->Command1->accessibleName(), u"Schließen"_s);
+        QVERIFY(info->closeButton->text().isEmpty() && !info->closeButton->icon().isNull());
+        QCOMPARE(info->closeButton->accessibleName(), u"Schließen"_s);
         const QPointer<InfoScreen> closed = info;
-        QTest::mouseClick(info->Command1, Qt::LeftButton);
+        QTest::mouseClick(info->closeButton, Qt::LeftButton);
         QCOMPARE(Screens::loaded(id), nullptr);
         settle();
         QVERIFY(closed.isNull());

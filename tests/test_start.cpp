@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Start-up: reading the start position and opening the page named there.
-#include "modul1.h"
+#include "course.h"
 #include "picture.h"
 #include "screens.h"
 #include "seams.h"
 #include "shell.h"
-#include "start.h"
+#include "startscreen.h"
 #include "testsupport.h"
 
 #include <QDir>
@@ -16,7 +16,7 @@ namespace {
 
 void registerTargets() {
     QList<QPair<ScreenId, QString>> probes{
-        {ScreenId::Steuerzentrum, QStringLiteral("Steuerzentrum")}};
+        {ScreenId::ControlCentre, QStringLiteral("Steuerzentrum")}};
     for (int page = 1; page <= 11; ++page)
         probes.append({pageScreen(page), QStringLiteral("Qel%1").arg(page)});
     registerShellScreens();
@@ -37,7 +37,7 @@ private Q_SLOTS:
     void dispatch_data();
     void dispatch();
     void gradeScaleDefaultsAfterTheDispatch();
-    void weiterOpensTheControlCentre();
+    void continueOpensTheControlCentre();
     void startFileAtTheRoot();
 };
 
@@ -91,31 +91,31 @@ void TestStart::dispatch() {
                                               opened + QStringLiteral(":activate")}));
         QVERIFY(!Screens::programmeEnded());
     }
-    QCOMPARE(Modul1::StartFilePath, programme.path(QStringLiteral("StartQelB.txt")));
+    QCOMPARE(course.startFilePath, programme.path(QStringLiteral("StartQelB.txt")));
 }
 
 void TestStart::gradeScaleDefaultsAfterTheDispatch() {
     TestProgramme programme;
     programme.write(QStringLiteral("StartQelB.txt"), QByteArray("\"11\"\r\n0\r\n"));
-    Modul1::GradeMin1 = 50; // as if edited in an earlier part of the run
+    course.gradeMin1 = 50; // as if edited in an earlier part of the run
     std::int16_t seenByThePage = -1;
-    Screens::registerScreen(ScreenId::Qel11, [&seenByThePage] {
-        seenByThePage = Modul1::GradeMin1;
-        return new ProbeForm(ScreenId::Qel11, QStringLiteral("Qel11"));
+    Screens::registerScreen(ScreenId::FinalTest, [&seenByThePage] {
+        seenByThePage = course.gradeMin1;
+        return new ProbeForm(ScreenId::FinalTest, QStringLiteral("Qel11"));
     });
     Screens::show(ScreenId::Start);
     QCOMPARE(seenByThePage, std::int16_t(50));
-    QCOMPARE(QList<int>({Modul1::GradeMin5, Modul1::GradeMin4, Modul1::GradeMin3, Modul1::GradeMin2,
-                         Modul1::GradeMin1}),
+    QCOMPARE(QList<int>({course.gradeMin5, course.gradeMin4, course.gradeMin3, course.gradeMin2,
+                         course.gradeMin1}),
              QList<int>({20, 40, 60, 80, 96}));
 }
 
-void TestStart::weiterOpensTheControlCentre() {
+void TestStart::continueOpensTheControlCentre() {
     TestProgramme programme;
-    auto *start = Screens::show<Start>(ScreenId::Start);
-    QVERIFY(start->Image3->isHidden());
-    QVERIFY(!start->Image5->isHidden());
-    QTest::mouseClick(start->Command1, Qt::LeftButton);
+    auto *start = Screens::show<StartScreen>(ScreenId::Start);
+    QVERIFY(start->spareArt->isHidden());
+    QVERIFY(!start->titleArt->isHidden());
+    QTest::mouseClick(start->continueButton, Qt::LeftButton);
     settle();
     QCOMPARE(ProbeForm::log, QStringList({QStringLiteral("Steuerzentrum:load"),
                                           QStringLiteral("Steuerzentrum:activate")}));
@@ -128,7 +128,7 @@ void TestStart::startFileAtTheRoot() {
     const QString root = QDir::rootPath();
     Seams::setProgrammeFolder([root] { return QDir::toNativeSeparators(root); });
     Screens::show(ScreenId::Start);
-    QCOMPARE(Modul1::StartFilePath,
+    QCOMPARE(course.startFilePath,
              QDir::toNativeSeparators(root) + QStringLiteral("StartQelB.txt"));
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "testsupport.h"
 
-#include "modul1.h"
+#include "course.h"
 #include "screens.h"
 #include "seams.h"
 
@@ -11,17 +11,7 @@
 #include <QTimer>
 
 void resetProgrammeState() {
-    using namespace Modul1;
-    StartPage.clear();
-    FileName.clear();
-    StartFilePath.clear();
-    GradeFilePath.clear();
-    ResultFilePath.clear();
-    CurrentPage = CorrectCount = AnsweredCount = TestCorrectCount = TestAnsweredCount = 0;
-    GradeMin5 = GradeMin4 = GradeMin3 = GradeMin2 = GradeMin1 = 0;
-    TempPos = TempIndex = FinalResumeValue = 0;
-    QuestionIndex = AnswerCorrectFlag = AnswerEvaluated = 0;
-    QuestionStartTime = 0;
+    course = CourseState{};
 }
 
 TestProgramme::TestProgramme()
@@ -94,11 +84,11 @@ ProbeForm::ProbeForm(ScreenId id, const QString &name)
     setWindowTitle(name);
 }
 
-void ProbeForm::Form_Load() {
+void ProbeForm::onLoad() {
     log << name_ + QStringLiteral(":load");
 }
 
-void ProbeForm::Form_Activate() {
+void ProbeForm::onActivate() {
     log << name_ + QStringLiteral(":activate");
 }
 

@@ -53,8 +53,8 @@ class ProbeForm : public Form {
     Q_OBJECT
 public:
     explicit ProbeForm(ScreenId id, const QString &name);
-    void Form_Load() override;
-    void Form_Activate() override;
+    void onLoad() override;
+    void onActivate() override;
 
     static QStringList log;
 

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "captionlabel.h"
+
+QString captionOnScreen(const QString &caption, const BlankRuns &rule) {
+    const QString text = rule.trim ? caption.trimmed() : caption;
+    QString shown;
+    shown.reserve(text.size());
+    for (qsizetype i = 0; i < text.size();) {
+        if (text.at(i) != u' ') {
+            shown.append(text.at(i++));
+            continue;
+        }
+        qsizetype end = i;
+        while (end < text.size() && text.at(end) == u' ')
+            ++end;
+        const qsizetype run = end - i;
+        if (rule.paragraph > 0 && run >= rule.paragraph)
+            shown += QStringLiteral("\n\n");
+        else if (rule.line > 0 && run >= rule.line)
+            shown += QLatin1Char('\n');
+        else if (rule.collapse > 0 && run >= rule.collapse)
+            shown += QLatin1Char(' ');
+        else
+            shown += QString(run, QLatin1Char(' '));
+        i = end;
+    }
+    return shown;
+}
+
+CaptionLabel::CaptionLabel(const QString &caption, const BlankRuns &rule, QWidget *parent)
+    : QLabel(parent)
+    , rule_(rule) {
+    setCaption(caption);
+}
+
+void CaptionLabel::setCaption(const QString &caption) {
+    caption_ = caption;
+    setText(captionOnScreen(caption, rule_));
+    setAccessibleName(caption.simplified());
+}

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QLabel>
+
+// In the programme's captions, runs of blanks stand for line breaks: the captions were written
+// for a fixed line width and filled up with blanks to the end of each line. On screen a run of
+// at least `line` blanks becomes a line break and one of at least `paragraph` an empty line; with
+// `collapse` set, a shorter run of at least that many blanks becomes one blank. Shorter runs stay
+// as they are. `trim` drops the blanks at both ends first.
+struct BlankRuns {
+    int line = 0;
+    int paragraph = 0;
+    int collapse = 0;
+    bool trim = true;
+};
+
+QString captionOnScreen(const QString &caption, const BlankRuns &rule);
+
+// A label that keeps its caption exactly as the programme has it and shows it by its blank-run
+// rule. A screen reader reads the caption with every run of blanks as one blank.
+class CaptionLabel : public QLabel {
+    Q_OBJECT
+public:
+    CaptionLabel(const QString &caption, const BlankRuns &rule, QWidget *parent = nullptr);
+    void setCaption(const QString &caption);
+    const QString &caption() const { return caption_; }
+
+private:
+    QString caption_;
+    BlankRuns rule_;
+};

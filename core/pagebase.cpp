@@ -1,0 +1,384 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "pagebase.h"
+
+#include "course.h"
+#include "picture.h"
+#include "screens.h"
+#include "textfiles.h"
+#include "theme.h"
+#include "widgets.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace {
+
+// Keeps a floating panel placed over its page as the page changes size.
+class Placement : public QObject {
+public:
+    Placement(QWidget *page, QWidget *panel, std::function<QRect(const QRect &, QSize)> place,
+              QWidget *beneath = nullptr)
+        : QObject(panel)
+        , page_(page)
+        , panel_(panel)
+        , beneath_(beneath)
+        , place_(std::move(place)) {
+        page->installEventFilter(this);
+        panel->installEventFilter(this);
+        apply();
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *e) override {
+        if ((watched == page_ && e->type() == QEvent::Resize) ||
+            (watched == panel_ && e->type() == QEvent::Show))
+            apply();
+        return false;
+    }
+
+private:
+    void apply() {
+        panel_->setGeometry(place_(page_->rect(), panel_->sizeHint()));
+        panel_->raise();
+        if (beneath_)
+            panel_->stackUnder(beneath_);
+    }
+
+    QWidget *page_;
+    QWidget *panel_;
+    QWidget *beneath_; // the panel stays just below this one
+    std::function<QRect(const QRect &, QSize)> place_;
+};
+
+// A panel that appears over the page takes the keyboard focus on its first button, so that a
+// pupil working with the keyboard lands in it rather than on the covered page.
+class FocusOnShow : public QObject {
+public:
+    FocusOnShow(QWidget *panel, QWidget *first)
+        : QObject(panel)
+        , first_(first) {
+        panel->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *, QEvent *e) override {
+        if (e->type() == QEvent::Show)
+            first_->setFocus();
+        return false;
+    }
+
+private:
+    QWidget *first_;
+};
+
+QRect centred(const QRect &area, QSize size) {
+    size = size.boundedTo(area.size());
+    return {area.center().x() - size.width() / 2, area.center().y() - size.height() / 2,
+            size.width(), size.height()};
+}
+
+QPushButton *panelButton(const QString &caption, const QString &formName, QWidget *parent) {
+    auto *button = new QPushButton(caption, parent);
+    button->setObjectName(formName);
+    button->setMinimumHeight(32);
+    return button;
+}
+
+QAction *menuEntry(QMenu *menu, const QString &caption, const QString &formName) {
+    QAction *entry = menu->addAction(caption);
+    entry->setObjectName(formName);
+    return entry;
+}
+
+} // namespace
+
+const std::array<QString, 11> kOverviewLines = {
+    QStringLiteral("Seite 1 (Frage 1 -  5)"),   QStringLiteral("Seite 2 (Frage 6 - 10)"),
+    QStringLiteral("Seite 3 (Frage 11 - 15)"),  QStringLiteral("Seite 4 (Frage 16 - 20)"),
+    QStringLiteral("Seite 5 (Frage 21 - 25)"),  QStringLiteral("Seite 6 (Frage 26 - 30)"),
+    QStringLiteral("Seite 7 (Frage 31 - 35)"),  QStringLiteral("Seite 8 (Frage 36 - 40)"),
+    QStringLiteral("Seite 9 (Frage 41 - 45)"),  QStringLiteral("Seite 10 (Frage 46 - 50)"),
+    QStringLiteral("Seite 11 (Abschlusstest)"),
+};
+
+QString explanationHtml(const QList<ExplanationItem> &items, int columns) {
+    // With several columns a little room after each text keeps the columns apart.
+    const QString gap = columns > 1 ? QStringLiteral("&nbsp;&nbsp;&nbsp;") : QString();
+    QString html = QStringLiteral("<div style=\"font-size:10pt;\"><b>Die Steuerbuttons:</b>"
+                                  "<table cellspacing=\"0\" cellpadding=\"%1\">")
+                       .arg(columns > 1 ? 1 : 2);
+    for (qsizetype i = 0; i < items.size(); i += columns) {
+        html += QStringLiteral("<tr>");
+        for (qsizetype j = i; j < i + columns; ++j) {
+            if (j >= items.size()) {
+                html += QStringLiteral("<td></td><td></td>");
+                continue;
+            }
+            const ExplanationItem &item = items.at(j);
+            const QString what =
+                item.icon.isEmpty()
+                    ? QStringLiteral("<b>%1</b>").arg(item.caption.toHtmlEscaped())
+                    : QStringLiteral("<img src=\"%1\" width=\"26\" height=\"26\">").arg(item.icon);
+            html += QStringLiteral("<td align=\"center\" valign=\"middle\">%1</td>"
+                                   "<td valign=\"middle\">%2%3</td>")
+                        .arg(what, item.text, gap);
+        }
+        html += QStringLiteral("</tr>");
+    }
+    return html + QStringLiteral("</table></div>");
+}
+
+void connectCheckEntry(QAction *entry, QObject *context, std::function<void()> handler) {
+    QObject::connect(entry, &QAction::triggered, context, [entry, handler = std::move(handler)] {
+        entry->setChecked(!entry->isChecked()); // undo the toggle Qt made on its own
+        handler();
+    });
+}
+
+void placeOver(QWidget *page, QWidget *panel, std::function<QRect(const QRect &, QSize)> place) {
+    new Placement(page, panel, std::move(place));
+}
+
+PageBase::PageBase(ScreenId id, int pageNumber, QWidget *parent)
+    : Form(id, parent)
+    , pageNumber_(pageNumber) {}
+
+void PageBase::buildPageParts(QWidget *central, const PageParts &parts) {
+    buildMenus(parts.withPointsEntry);
+
+    endButton = pictureButton(QStringLiteral(":/button-end.svg"), QStringLiteral("Beenden"),
+                              central, parts.iconSize);
+    endButton->setObjectName(QStringLiteral("Command3"));
+    setActive(endButton, true);
+
+    explanationPicture = new Picture(parts.explanation, central);
+    explanationPicture->setObjectName(parts.explanationName);
+
+    buildExitFrame(central);
+    buildOverview(central);
+    for (std::size_t i = 0; i < overviewLines.size(); ++i)
+        overviewLines[i]->setObjectName(QStringLiteral("%1_%2").arg(parts.overviewLineName).arg(i));
+
+    connect(endButton, &QPushButton::clicked, this, &PageBase::openExitFrame);
+    connect(restartButton, &QPushButton::clicked, this, &PageBase::restartFromBeginning);
+    connect(resumeButton, &QPushButton::clicked, this, &PageBase::resumeHere);
+    connect(stayButton, &QPushButton::clicked, this, &PageBase::closeExitFrame);
+    connect(overviewCloseButton, &QPushButton::clicked, this, &PageBase::closeOverview);
+    for (std::size_t i = 0; i < overviewLines.size(); ++i) {
+        connect(overviewLines[i], &QPushButton::clicked, this,
+                [this, i] { jumpToPage(static_cast<int>(i)); });
+    }
+    connectCheckEntry(explanationEntry, this, [this] { toggleExplanation(); });
+    connect(overviewEntry, &QAction::triggered, this, &PageBase::openOverview);
+}
+
+void PageBase::buildMenus(bool withPointsEntry) {
+    QMenuBar *bar = menuBar();
+    viewMenu = bar->addMenu(QStringLiteral("&Ansicht"));
+    viewMenu->setObjectName(QStringLiteral("mnuAns"));
+    explanationEntry = menuEntry(viewMenu, QStringLiteral("&Erklärung Steuerbuttons"),
+                                 QStringLiteral("mnuSteuer"));
+    explanationEntry->setCheckable(true);
+    explanationEntry->setChecked(true);
+    if (withPointsEntry) {
+        pointsEntry =
+            menuEntry(viewMenu, QStringLiteral("&Punktanzeige"), QStringLiteral("mnuPunkt"));
+        pointsEntry->setCheckable(true);
+        pointsEntry->setChecked(true);
+    }
+    overviewEntry = menuEntry(viewMenu, QStringLiteral("&Wo bin ich?"), QStringLiteral("mnuWo"));
+
+    infoMenu = bar->addMenu(QStringLiteral("&Info"));
+    infoMenu->setObjectName(QStringLiteral("mnuInfo"));
+    workingMethodEntry =
+        menuEntry(infoMenu, QStringLiteral("&Arbeitsweise"), QStringLiteral("mnuAWeise"));
+    displayModeEntry = menuEntry(infoMenu, QStringLiteral("&Bildschirmauflösung ändern"),
+                                 QStringLiteral("mnuAuflösung"));
+    requirementsEntry = menuEntry(infoMenu, QStringLiteral("&Voraussetzungen und Besonderheiten"),
+                                  QStringLiteral("mnuVoraus"));
+    authorEntry =
+        menuEntry(infoMenu, QStringLiteral("A&utor und Version"), QStringLiteral("mnuAutor"));
+    // Each shows its information screen, or brings it forward when it is open.
+    const std::array<std::pair<QAction *, ScreenId>, 4> screens = {{
+        {workingMethodEntry, ScreenId::WorkingMethod},
+        {displayModeEntry, ScreenId::DisplayMode},
+        {requirementsEntry, ScreenId::Requirements},
+        {authorEntry, ScreenId::Author},
+    }};
+    for (const auto &[entry, screen] : screens)
+        connect(entry, &QAction::triggered, this, [id = screen] { Screens::show(id); });
+}
+
+void PageBase::buildExitFrame(QWidget *central) {
+    exitCover = new QWidget(central);
+    exitCover->setObjectName(QStringLiteral("Picture10"));
+    exitCover->setAutoFillBackground(true);
+    QPalette cover = exitCover->palette();
+    cover.setColor(QPalette::Window, Theme::kExitCover);
+    exitCover->setPalette(cover);
+
+    exitFrame = new QGroupBox(QStringLiteral("Wie möchtest du beenden?"), central);
+    exitFrame->setObjectName(QStringLiteral("Frame10"));
+    exitFrame->setAutoFillBackground(true);
+    exitHeading =
+        new QLabel(QStringLiteral("Ich möchte beim nächsten Programmstart ..."), exitFrame);
+    exitHeading->setObjectName(QStringLiteral("Label10"));
+    resumeButton = panelButton(QStringLiteral("... hier weiterarbeiten"),
+                               QStringLiteral("Command11"), exitFrame);
+    restartButton = panelButton(QStringLiteral("... von vorn beginnen"),
+                                QStringLiteral("Command10"), exitFrame);
+    stayButton = panelButton(QStringLiteral("Ich möchte nicht beenden"),
+                             QStringLiteral("Command12"), exitFrame);
+    auto *layout = new QVBoxLayout(exitFrame);
+    layout->setContentsMargins(18, 18, 18, 18);
+    layout->setSpacing(8);
+    layout->addWidget(exitHeading);
+    layout->addWidget(resumeButton);
+    layout->addWidget(restartButton);
+    layout->addSpacing(14);
+    layout->addWidget(stayButton);
+    new Placement(central, exitFrame, [](const QRect &area, QSize hint) {
+        return centred(area, hint.expandedTo(QSize(340, 0)));
+    });
+    new Placement(
+        central, exitCover, [](const QRect &area, QSize) { return area; }, exitFrame);
+
+    new FocusOnShow(exitFrame, resumeButton);
+    exitCover->hide();
+    exitFrame->hide();
+}
+
+void PageBase::buildOverview(QWidget *central) {
+    overviewBorder = new QWidget(central);
+    overviewBorder->setObjectName(QStringLiteral("Shape6"));
+    overviewBorder->setAutoFillBackground(true);
+    QPalette border = overviewBorder->palette();
+    border.setColor(QPalette::Window, Theme::kOverviewBorder);
+    overviewBorder->setPalette(border);
+
+    overviewFrame = new QGroupBox(QStringLiteral("Wo bin ich?"), central);
+    overviewFrame->setObjectName(QStringLiteral("Frame2"));
+    overviewFrame->setAutoFillBackground(true);
+    auto *layout = new QVBoxLayout(overviewFrame);
+    layout->setContentsMargins(14, 14, 14, 14);
+    layout->setSpacing(2);
+    for (std::size_t i = 0; i < overviewLines.size(); ++i) {
+        auto *line = new QPushButton(kOverviewLines[i], overviewFrame);
+        line->setFlat(true);
+        line->setStyleSheet(QStringLiteral("text-align: left; padding: 3px 8px;"));
+        line->setCursor(Qt::PointingHandCursor);
+        overviewLines[i] = line;
+        layout->addWidget(line);
+    }
+    overviewNote = new QLabel(
+        QStringLiteral("(Durch Anklicken einer Zeile kannst du dorthin springen.)"), overviewFrame);
+    overviewNote->setWordWrap(true);
+    layout->addWidget(overviewNote);
+    overviewCloseButton =
+        panelButton(QStringLiteral("Schließen"), QStringLiteral("Command6"), overviewFrame);
+    layout->addWidget(overviewCloseButton);
+
+    const auto place = [](const QRect &area, QSize hint) {
+        return centred(area, hint.expandedTo(QSize(300, 0)));
+    };
+    new Placement(central, overviewFrame, place);
+    new Placement(
+        central, overviewBorder,
+        [place, frame = overviewFrame](const QRect &area, QSize) {
+            return place(area, frame->sizeHint()).adjusted(-6, -6, 6, 6);
+        },
+        overviewFrame);
+
+    new FocusOnShow(overviewFrame, overviewLines[0]);
+    overviewBorder->hide();
+    overviewFrame->hide();
+}
+
+void PageBase::addExplanationTimers(int ms, const QString &hintName) {
+    explanationHint = new QLabel(QStringLiteral("Erklärung der Buttons ein- und ausschalten: Menü: "
+                                                "Ansicht / Erklärung Steuerbuttons"),
+                                 explanationPicture->parentWidget());
+    explanationHint->setObjectName(hintName);
+    explanationHint->hide();
+    explanationTimer = new QTimer(this);
+    explanationTimer->setObjectName(QStringLiteral("Timer2"));
+    explanationTimer->setInterval(ms);
+    hintTimer = new QTimer(this);
+    hintTimer->setObjectName(QStringLiteral("Timer3"));
+    hintTimer->setInterval(ms);
+    connect(explanationTimer, &QTimer::timeout, this, &PageBase::endExplanation);
+    connect(hintTimer, &QTimer::timeout, this, &PageBase::endHint);
+}
+
+void PageBase::openExitFrame() {
+    exitFrame->show();
+    exitCover->show();
+}
+
+void PageBase::restartFromBeginning() {
+    course.currentPage = 50;
+    writeStartPosition(course.startFilePath, course.currentPage, numbersAfterRestart());
+    Screens::endProgramme();
+}
+
+void PageBase::resumeHere() {
+    writeStartPosition(course.startFilePath, course.currentPage, numbersAfterResume());
+    Screens::endProgramme();
+}
+
+void PageBase::closeExitFrame() {
+    exitFrame->hide();
+    exitCover->hide();
+    focusAfterExitFrame();
+}
+
+void PageBase::openOverview() {
+    overviewBorder->show();
+    overviewFrame->show();
+}
+
+void PageBase::closeOverview() {
+    overviewBorder->hide();
+    overviewFrame->hide();
+    focusAfterOverview();
+}
+
+void PageBase::jumpToPage(int index) {
+    Screens::unload(this);
+    if (index >= 0 && index <= 10)
+        Screens::show(pageScreen(index + 1));
+}
+
+void PageBase::toggleExplanation() {
+    if (explanationEntry->isChecked()) {
+        explanationPicture->hide();
+        explanationEntry->setChecked(false);
+    } else {
+        explanationPicture->show();
+        explanationEntry->setChecked(true);
+    }
+}
+
+void PageBase::endExplanation() {
+    explanationEntry->setChecked(false);
+    explanationPicture->hide();
+    explanationHint->show();
+    hintTimer->start();
+    explanationTimer->stop();
+}
+
+void PageBase::endHint() {
+    explanationHint->hide();
+    hintTimer->stop();
+}
+
+void PageBase::withdrawExplanation() {
+    explanationPicture->hide();
+    explanationEntry->setChecked(false);
+}

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "form.h"
+
+#include <functional>
+
+// The screen layer: one default instance per screen, shown and unloaded in the order each handler
+// gives. The programme ends when no screen is loaded once the running handler has returned, or at
+// once through endProgramme().
+class Screens {
+public:
+    using Factory = std::function<Form *()>;
+
+    // main() registers how each screen is made; the layer never names a screen class itself.
+    static void registerScreen(ScreenId id, const Factory &factory);
+
+    // Shows the screen, creating it (and running its onLoad (Form_Load)) when it is not loaded, and
+    // makes it the active screen (running its onActivate (Form_Activate) when it was not the active
+    // one already).
+    static Form *show(ScreenId id);
+    template <class T> static T *show(ScreenId id) { return static_cast<T *>(show(id)); }
+
+    // Unloads the screen: it disappears, its timers stop and its instance is destroyed once the
+    // running handler has returned. The next show creates it afresh.
+    static void unload(ScreenId id);
+    static void unload(Form *form);
+
+    // The loaded instance, or nullptr.
+    static Form *loaded(ScreenId id);
+    template <class T> static T *loaded(ScreenId id) { return static_cast<T *>(loaded(id)); }
+    static bool anyLoaded();
+    static Form *activeScreen();
+
+    // Called when the window system activates one of the screens.
+    static void activated(Form *form);
+
+    // Ends the programme at once: every screen closes, no further handler runs.
+    static void endProgramme();
+    static bool programmeEnded();
+
+    // Destroys every screen without running a handler and forgets that the programme ended.
+    static void reset();
+};

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QFile>
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+// The programme's small text files: Windows-1252 bytes and CR LF line ends on every platform, so
+// that a file written on Linux is byte for byte the one written on Windows.
+namespace TextFiles {
+
+QByteArray toWindows1252(const QString &text); // characters outside the code page become '?'
+QString fromWindows1252(const QByteArray &bytes);
+
+// Folder, a separator unless the folder already ends in one, then the file name.
+QString pathInFolder(const QString &folder, const QString &fileName);
+// The same for the programme folder, asked for afresh.
+QString programmePath(const QString &fileName);
+
+// Reads the first item of a file written in the quoted item style: a quoted string without its
+// quotes, or a bare item up to the next comma or line end. Nothing when the file cannot be read
+// or holds no item.
+std::optional<QString> readFirstItem(const QString &path);
+
+} // namespace TextFiles
+
+// The programme's three files, all in the programme folder.
+inline const QString kStartFileName = QStringLiteral("StartQelB.txt");        // where to resume
+inline const QString kGradeFileName = QStringLiteral("ZensurQel.txt");        // the last grade
+inline const QString kResultFileName = QStringLiteral("TestergebnisQel.doc"); // the test log
+
+// Writes the start-position file anew: the page number as a quoted item, then the numbers, one
+// item a line. The exit frames and the end page write it this way and no other; every step may
+// fail without a word, leaving the old content.
+void writeStartPosition(const QString &path, int page, const QList<int> &numbers = {});
+
+// A file written in the quoted item style: strings in double quotes, numbers bare, one item a
+// line. Every step may fail without a word: a file that cannot be opened simply stays as it was.
+class QuotedItemFile {
+public:
+    explicit QuotedItemFile(const QString &path); // opens for output, replacing the content
+    void write(const QString &item);
+    void write(int number);
+    void close();
+
+private:
+    QFile file_;
+};
+
+// One line of the print style: texts joined directly, numbers with a sign place in front and a
+// blank behind, and nextZone() moving on to the next 14-column print zone.
+class PrintLine {
+public:
+    PrintLine &text(const QString &s);
+    PrintLine &number(int n);
+    PrintLine &nextZone();
+    const QString &str() const { return line_; }
+
+private:
+    QString line_;
+};

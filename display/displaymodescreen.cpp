@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "displaymodescreen.h"
+
+#include "displaymodes.h"
+#include "picture.h"
+#include "screens.h"
+#include "theme.h"
+#include "widgets.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace DisplayModes;
+
+namespace {
+
+// The number at the start of a text as Basic reads it: blanks anywhere are skipped, a sign and
+// digits with one decimal point are taken, the first other character ends the number.
+double leadingNumber(const QString &text) {
+    QString digits;
+    bool point = false;
+    for (const QChar c : text) {
+        if (c == QLatin1Char(' ') || c == QLatin1Char('\t') || c == QLatin1Char('\r') ||
+            c == QLatin1Char('\n'))
+            continue;
+        const bool digit = c.isDigit() && c.unicode() < 128;
+        const bool sign = (c == QLatin1Char('-') || c == QLatin1Char('+')) && digits.isEmpty();
+        if (digit || sign)
+            digits.append(c);
+        else if (c == QLatin1Char('.') && !point) {
+            point = true;
+            digits.append(c);
+        } else
+            break;
+    }
+    bool ok = false;
+    const double value = digits.toDouble(&ok);
+    return ok ? value : 0.0;
+}
+
+// A pixel count from a number: whole, and within what any display could offer.
+int pixels(double value) {
+    return static_cast<int>(std::lround(std::clamp(value, 0.0, 1.0e6)));
+}
+
+QLabel *wrappedLabel(const QString &text, QWidget *parent) {
+    auto *label = new QLabel(text, parent);
+    label->setWordWrap(true);
+    return label;
+}
+
+} // namespace
+
+DisplayModeScreen::DisplayModeScreen(QWidget *parent)
+    : Form(ScreenId::DisplayMode, parent) {
+    setWindowTitle(Theme::windowCaption(Theme::kDisplayModeCaptionBlanks,
+                                        QStringLiteral("Bildschirmauflösung")));
+    resize(680, 460);
+
+    auto *central = new QWidget(this);
+    setCentralWidget(central);
+
+    introLabel = wrappedLabel(
+        QStringLiteral("Wenn dir die Bildschirmanzeige zu groß oder zu klein ist, solltest du "
+                       "kontrollieren, ob die Bildschirmauflösung optimal ist. Deine gegenwärtige "
+                       "Bildschirmauflösung wird angezeigt:"),
+        central);
+
+    listHeading = new QLabel(QStringLiteral("Bildschirmauflösung"), central);
+    QFont bold = listHeading->font();
+    bold.setBold(true);
+    listHeading->setFont(bold);
+
+    modeList = new QListWidget(central);
+    modeList->setSortingEnabled(false);
+    modeList->setSelectionMode(QAbstractItemView::SingleSelection);
+    modeList->setAccessibleName(QStringLiteral("Bildschirmauflösung"));
+    modeList->setMinimumWidth(170);
+    listHeading->setBuddy(modeList);
+
+    changeButton = new QPushButton(QStringLiteral("Auflösung ändern"), central);
+    changeButton->setMinimumHeight(34);
+    // Nothing is chosen yet, so there is nothing to change to.
+    changeButton->setEnabled(false);
+
+    monitorsArt = new SvgView(QStringLiteral(":/display-monitors.svg"), central);
+    monitorsArt->setAccessibleName(QStringLiteral(
+        "Zwei Bildschirme: eine hohe Auflösung zeigt kleine Schrift, eine niedrige große Schrift"));
+    monitorsArt->setMinimumSize(320, 136);
+    smallFontLabel = new QLabel(QStringLiteral("Kleine Schrift"), central);
+    smallFontLabel->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    largeFontLabel = new QLabel(QStringLiteral("Große Schrift"), central);
+    largeFontLabel->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+
+    adviceLabel = wrappedLabel(
+        QStringLiteral("Beträgt die Bildschirmauflösung nicht 800 x 600, dann klicke den Eintrag "
+                       "\"800 x 600\" an. Klicke nun die Schaltfläche \"Auflösung ändern\". Es ist "
+                       "auch möglich, mit der Auflösung \"1024 x 768\" zu arbeiten."),
+        central);
+
+    closeButton =
+        pictureButton(QStringLiteral(":/display-close.svg"), QStringLiteral("Schließen"), central);
+
+    auto *left = new QVBoxLayout;
+    left->setSpacing(6);
+    left->addWidget(listHeading);
+    left->addWidget(modeList, 1);
+    left->addSpacing(4);
+    left->addWidget(changeButton);
+
+    auto *right = new QGridLayout;
+    right->setVerticalSpacing(2);
+    right->addWidget(monitorsArt, 0, 0, 1, 2);
+    right->addWidget(smallFontLabel, 1, 0);
+    right->addWidget(largeFontLabel, 1, 1);
+    right->setRowMinimumHeight(2, 18);
+    right->addWidget(adviceLabel, 3, 0, 1, 2);
+    right->setRowStretch(4, 1);
+    right->addWidget(closeButton, 5, 1, Qt::AlignRight | Qt::AlignBottom);
+
+    auto *middle = new QHBoxLayout;
+    middle->setSpacing(24);
+    middle->addLayout(left, 2);
+    middle->addLayout(right, 3);
+
+    auto *layout = new QVBoxLayout(central);
+    layout->setContentsMargins(20, 16, 20, 16);
+    layout->setSpacing(14);
+    layout->addWidget(introLabel);
+    layout->addLayout(middle, 1);
+
+    setFormNames({{introLabel, "Label1"},
+                  {listHeading, "Label5"},
+                  {modeList, "List1"},
+                  {adviceLabel, "Label2"},
+                  {monitorsArt, "Image1"},
+                  {smallFontLabel, "Label4"},
+                  {largeFontLabel, "Label3"},
+                  {changeButton, "Command1"},
+                  {closeButton, "Command2"}});
+    setTabOrder(modeList, changeButton);
+    setTabOrder(changeButton, closeButton);
+
+    // Every change of the chosen entry counts as a click, whether by mouse, keys or the program;
+    // a click on the entry already chosen does too.
+    connect(modeList, &QListWidget::currentRowChanged, this, [this] { onModeClicked(); });
+    connect(modeList, &QListWidget::itemClicked, this, [this] { onModeClicked(); });
+    connect(changeButton, &QPushButton::clicked, this, [this] { changeMode(); });
+    connect(closeButton, &QPushButton::clicked, this, [this] { closeScreen(); });
+    auto *escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    connect(escape, &QShortcut::activated, this, [this] { closeScreen(); });
+}
+
+void DisplayModeScreen::onLoad() {
+    modeList->clear();
+    fillModeList(modeList);
+
+    const int entry = findListEntry(modeList, resolutionText());
+    if (entry != -1)
+        modeList->setCurrentRow(entry);
+
+    setBackColour(changeButton, Theme::buttonFace());
+}
+
+void DisplayModeScreen::onModeClicked() {
+    const QListWidgetItem *selected = modeList->currentItem();
+    changeButton->setEnabled(selected && selected->isSelected() &&
+                             selected->text() != resolutionText());
+    setBackColour(changeButton, Theme::activeButton());
+}
+
+void DisplayModeScreen::changeMode() {
+    const QListWidgetItem *selected = modeList->currentItem();
+    const QString text = selected ? selected->text() : QString();
+
+    const qsizetype x = text.indexOf(QLatin1Char('x')) + 1; // counted from 1, 0: none
+    const double width = leadingNumber(text.left(std::max<qsizetype>(x - 1, 0)));
+    const double height = leadingNumber(text.mid(x));
+
+    setResolution(pixels(width), pixels(height));
+
+    changeButton->setEnabled(false);
+    setBackColour(changeButton, Theme::buttonFace());
+}
+
+void DisplayModeScreen::closeScreen() {
+    Screens::unload(this);
+}
+
+void registerDisplayScreens() {
+    Screens::registerScreen(ScreenId::DisplayMode, [] { return new DisplayModeScreen; });
+}

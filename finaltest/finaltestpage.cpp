@@ -1,0 +1,450 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "finaltestpage.h"
+
+#include "captionlabel.h"
+#include "course.h"
+#include "gradescale.h"
+#include "grading.h"
+#include "picture.h"
+#include "printing.h"
+#include "resultlog.h"
+#include "screens.h"
+#include "seams.h"
+#include "textfiles.h"
+#include "theme.h"
+#include "widgets.h"
+
+#include <QAction>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QRegularExpression>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <optional>
+
+const QString kTestInstruction = QStringLiteral("  Überlege und klicke dann die richtige") +
+                                 QString(15, QLatin1Char(' ')) + QStringLiteral("Lösung an.") +
+                                 QString(52, QLatin1Char(' ')) +
+                                 QStringLiteral("Überlege bei falscher Lösung noch einmal.");
+
+QString questionOnScreen(const QString &caption) {
+    // "Stoß-   ionisation": a word broken by hand for the original line width. On screen the
+    // word is whole again, with a soft hyphen where the line may still break.
+    static const QRegularExpression brokenWord(QStringLiteral("-\\s+(?=\\p{Ll})"));
+    QString shown = caption;
+    shown.replace(brokenWord, QString(QChar(0x00AD)));
+    return shown;
+}
+
+namespace {
+
+constexpr int kHalfChangeMs = 3000;
+constexpr int kExplanationMs = 8000;
+// The question texts and the instruction break at their runs of blanks.
+constexpr BlankRuns kCaptionRuns{.line = 2, .paragraph = 40};
+
+QLabel *scoreLabel(const QString &caption, QWidget *parent, bool number = false) {
+    auto *label = new QLabel(caption, parent);
+    if (number) {
+        QFont f = label->font();
+        f.setBold(true);
+        f.setPointSize(f.pointSize() + 2);
+        label->setFont(f);
+        label->setMinimumWidth(24);
+        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    }
+    return label;
+}
+
+const QList<ExplanationItem> kExplanation = {
+    {{}, QStringLiteral("<<"), QStringLiteral("zurück zu Seite 10")},
+    {QStringLiteral(":/button-repeat.svg"),
+     {},
+     QStringLiteral("Test neu beginnen (nach der ersten Aufgabe)")},
+    {QStringLiteral(":/button-grade.svg"), {}, QStringLiteral("Zensierung (am Ende des Tests)")},
+    {QStringLiteral(":/button-next.svg"), {}, QStringLiteral("weiter zur Schlussseite")},
+    {QStringLiteral(":/button-end.svg"), {}, QStringLiteral("Lernprogramm beenden")},
+};
+
+// Verdicts and markers appear beside their options without moving the other options.
+void keepPlaceWhenHidden(QWidget *w) {
+    QSizePolicy policy = w->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    w->setSizePolicy(policy);
+}
+
+QString verdictStyle(bool right) {
+    return QStringLiteral("color: %1; font-weight: bold;")
+        .arg(Theme::cssColour(right ? Theme::kRight : Theme::kWrong));
+}
+
+} // namespace
+
+FinalTestPage::FinalTestPage(QWidget *parent)
+    : PageBase(ScreenId::FinalTest, 11, parent) {
+    buildControls();
+}
+
+QGroupBox *FinalTestPage::buildQuestion(int k, QWidget *parent) {
+    const TestQuestion &question = kTestQuestions.at(static_cast<std::size_t>(k));
+    auto *frame = new QGroupBox(question.frame, parent);
+    frame->setObjectName(QStringLiteral("Frame1_%1").arg(k));
+    auto *grid = new QGridLayout(frame);
+    grid->setContentsMargins(8, 4, 8, 4);
+    grid->setHorizontalSpacing(3);
+    grid->setVerticalSpacing(2);
+
+    auto *text = new CaptionLabel(question.text, kCaptionRuns, frame);
+    text->setText(questionOnScreen(question.text));
+    text->setAccessibleName(questionOnScreen(question.text).remove(QChar(0x00AD)));
+    text->setObjectName(QStringLiteral("Label2_%1").arg(k));
+    text->setWordWrap(true);
+    text->setFixedWidth(196);
+    text->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    questionLabels[static_cast<std::size_t>(k)] = text;
+    grid->addWidget(text, 0, 0, 2, 1);
+    grid->setColumnMinimumWidth(1, 6);
+    // The same columns in every frame, so the options of all questions line up.
+    for (int column : {2, 6})
+        grid->setColumnMinimumWidth(column, 196);
+    for (int column : {3, 7})
+        grid->setColumnMinimumWidth(column, 8);
+    for (int column : {4, 8})
+        grid->setColumnMinimumWidth(column, 50);
+
+    // The four options in two columns; the radio buttons are direct children of the frame, so
+    // each frame is an option group of its own.
+    for (int j = 0; j < 4; ++j) {
+        const int i = 4 * k + j;
+        const auto at = static_cast<std::size_t>(i);
+        auto *option = new QRadioButton(question.options.at(static_cast<std::size_t>(j)), frame);
+        option->setObjectName(QStringLiteral("Option1_%1").arg(i));
+        optionButtons[at] = option;
+
+        auto *marker = new QLabel(frame);
+        marker->setObjectName(QStringLiteral("Label14_%1").arg(i));
+        marker->setFixedSize(8, 8);
+        marker->setAutoFillBackground(true);
+        QPalette mark = marker->palette();
+        mark.setColor(QPalette::Window, isRightOption(i) ? Theme::kRight : Theme::kWrong);
+        marker->setPalette(mark);
+        keepPlaceWhenHidden(marker);
+        marker->hide();
+        markerLabels[at] = marker;
+
+        auto *verdict = new QLabel(verdictCaption(i), frame);
+        verdict->setObjectName(QStringLiteral("Label16_%1").arg(i));
+        verdict->setStyleSheet(verdictStyle(verdict->text() == QStringLiteral("Richtig")));
+        keepPlaceWhenHidden(verdict);
+        verdict->hide();
+        verdictLabels[at] = verdict;
+
+        const int row = j / 2;
+        const int column = 2 + 4 * (j % 2);
+        grid->addWidget(option, row, column, Qt::AlignLeft);
+        grid->addWidget(marker, row, column + 1, Qt::AlignVCenter);
+        grid->addWidget(verdict, row, column + 2, Qt::AlignLeft);
+        connect(option, &QRadioButton::toggled, this, [this, i](bool checked) {
+            if (checked)
+                onOptionClicked(i);
+        });
+    }
+    grid->setColumnStretch(8, 1);
+    return frame;
+}
+
+void FinalTestPage::buildControls() {
+    setWindowTitle(
+        Theme::windowCaption(Theme::kTwoDigitPageCaptionBlanks, QStringLiteral("Seite 11")));
+    resize(800, 600);
+
+    auto *central = new QWidget(this);
+    setCentralWidget(central);
+    buildPageParts(central, {.explanation = explanationHtml(kExplanation, 1),
+                             .explanationName = QStringLiteral("Image1"),
+                             .overviewLineName = QStringLiteral("Label20")});
+    addExplanationTimers(kExplanationMs, QStringLiteral("Label21"));
+    auto *page = new QVBoxLayout(central);
+    page->setContentsMargins(12, 6, 12, 8);
+    page->setSpacing(4);
+
+    // Title and score panel.
+    auto *top = new QHBoxLayout;
+    titleLabel = new QLabel(QStringLiteral("Abschlusstest"), central);
+    QFont titleFont = titleLabel->font();
+    titleFont.setPointSize(16);
+    titleFont.setBold(true);
+    titleLabel->setFont(titleFont);
+    top->addWidget(titleLabel);
+    top->addStretch(1);
+    questionNumberHeading = scoreLabel(QStringLiteral("Aufgabe"), central);
+    questionNumberLabel = scoreLabel(QStringLiteral("1"), central, true);
+    scoreHeading = scoreLabel(QStringLiteral("Punkte:"), central);
+    lastScoreLabel = scoreLabel(QStringLiteral("0"), central, true);
+    triesOfLabel = scoreLabel(QStringLiteral("von"), central);
+    triesLabel = scoreLabel(QStringLiteral("0"), central, true);
+    totalHeading = scoreLabel(QStringLiteral("Gesamtpunkte:"), central);
+    totalCorrectLabel = scoreLabel(QStringLiteral("0"), central, true);
+    totalOfLabel = scoreLabel(QStringLiteral("von"), central);
+    totalAnsweredLabel = scoreLabel(QStringLiteral("0"), central, true);
+    const auto group = [&](std::initializer_list<QLabel *> labels) {
+        for (QLabel *label : labels)
+            top->addWidget(label);
+        top->addSpacing(18);
+    };
+    group({questionNumberHeading, questionNumberLabel});
+    group({scoreHeading, lastScoreLabel, triesOfLabel, triesLabel});
+    group({totalHeading, totalCorrectLabel, totalOfLabel, totalAnsweredLabel});
+    page->addLayout(top);
+
+    // The questions, one below the other as they are shown; the button explanation follows.
+    for (int k = 0; k < kTestQuestionCount; ++k) {
+        questionFrames[static_cast<std::size_t>(k)] = buildQuestion(k, central);
+        page->addWidget(questionFrames[static_cast<std::size_t>(k)]);
+        questionFrames[static_cast<std::size_t>(k)]->setVisible(k == 0);
+    }
+    auto *explanationRow = new QHBoxLayout;
+    explanationRow->addWidget(explanationPicture);
+    explanationRow->addStretch(1);
+    page->addLayout(explanationRow);
+    page->addStretch(1);
+
+    // Instruction or grade, hint, and the buttons.
+    auto *bottom = new QGridLayout;
+    bottom->setHorizontalSpacing(8);
+    instructionLabel = new CaptionLabel(kTestInstruction, kCaptionRuns, central);
+    instructionLabel->setFrameShape(QFrame::Box);
+    instructionLabel->setMargin(4);
+    bottom->addWidget(instructionLabel, 0, 0, 2, 1, Qt::AlignLeft | Qt::AlignBottom);
+    auto *result = new QVBoxLayout;
+    result->setSpacing(6);
+    gradeLabel = new QLabel(central);
+    QFont gradeFont = gradeLabel->font();
+    gradeFont.setPointSize(18);
+    gradeFont.setBold(true);
+    gradeLabel->setFont(gradeFont);
+    gradeLabel->setStyleSheet(QStringLiteral("color: %1;").arg(Theme::cssColour(Theme::kResult)));
+    gradeLabel->hide();
+    result->addWidget(gradeLabel);
+    printButton = new QPushButton(QStringLiteral("Ausdrucken und Lernprogramm beenden"), central);
+    printButton->setMinimumHeight(40);
+    printButton->hide();
+    result->addWidget(printButton);
+    // Instruction and result share their place: the one goes when the other comes.
+    bottom->addLayout(result, 0, 0, 2, 1, Qt::AlignLeft | Qt::AlignBottom);
+    explanationHint->setStyleSheet(
+        QStringLiteral("color: %1;").arg(Theme::cssColour(Theme::kResult)));
+    bottom->addWidget(explanationHint, 0, 1, 1, 1, Qt::AlignRight);
+
+    auto *buttons = new QHBoxLayout;
+    previousPageButton = new QPushButton(QStringLiteral("<<"), central);
+    previousPageButton->setAccessibleName(QStringLiteral("Zurück zu Seite 10 (<<)"));
+    previousPageButton->setToolTip(QStringLiteral("Zurück zu Seite 10"));
+    previousPageButton->setMinimumSize(50, 50);
+    restartTestButton = pictureButton(QStringLiteral(":/button-repeat.svg"),
+                                      QStringLiteral("Test neu beginnen"), central);
+    gradeButton =
+        pictureButton(QStringLiteral(":/button-grade.svg"), QStringLiteral("Zensierung"), central);
+    endPageButton = pictureButton(QStringLiteral(":/button-next.svg"),
+                                  QStringLiteral("Weiter zur Schlussseite"), central);
+    for (QPushButton *b : {previousPageButton, restartTestButton, gradeButton, endPageButton})
+        buttons->addWidget(b);
+    buttons->addSpacing(12);
+    buttons->addWidget(endButton);
+    bottom->addLayout(buttons, 1, 1, Qt::AlignRight);
+    bottom->setColumnStretch(0, 1);
+    page->addLayout(bottom);
+
+    setActive(endPageButton, false);
+    setActive(restartTestButton, false);
+    setActive(gradeButton, false);
+
+    halfChangeTimer = new QTimer(this);
+    halfChangeTimer->setInterval(kHalfChangeMs);
+
+    setFormNames({{titleLabel, "Label1"},
+                  {questionNumberHeading, "Label5"},
+                  {questionNumberLabel, "Label6"},
+                  {scoreHeading, "Label3"},
+                  {lastScoreLabel, "Label10"},
+                  {triesOfLabel, "Label8"},
+                  {triesLabel, "Label12"},
+                  {totalHeading, "Label4"},
+                  {totalCorrectLabel, "Label7"},
+                  {totalOfLabel, "Label11_1"},
+                  {totalAnsweredLabel, "Label9"},
+                  {instructionLabel, "Label17"},
+                  {gradeLabel, "Label15"},
+                  {endPageButton, "Command1"},
+                  {previousPageButton, "Command2"},
+                  {restartTestButton, "Command4"},
+                  {gradeButton, "Command5"},
+                  {printButton, "Command7"},
+                  {halfChangeTimer, "Timer1"}});
+
+    connect(endPageButton, &QPushButton::clicked, this, &FinalTestPage::toEndPage);
+    connect(previousPageButton, &QPushButton::clicked, this, &FinalTestPage::previousPage);
+    connect(restartTestButton, &QPushButton::clicked, this, &FinalTestPage::restartTest);
+    connect(gradeButton, &QPushButton::clicked, this, &FinalTestPage::askForGrade);
+    connect(printButton, &QPushButton::clicked, this, &FinalTestPage::printAndEnd);
+    connect(halfChangeTimer, &QTimer::timeout, this, &FinalTestPage::showSecondHalf);
+}
+
+void FinalTestPage::onLoad() {
+    for (QRadioButton *option : optionButtons)
+        option->setChecked(false);
+    course.testCorrectCount = 0;
+    course.testAnsweredCount = 0;
+    lastClickScore = 0;
+    questionTries = 0;
+    explanationTimer->start();
+}
+
+void FinalTestPage::onActivate() {
+    course.startFilePath = TextFiles::programmePath(kStartFileName);
+    course.gradeFilePath = TextFiles::programmePath(kGradeFileName);
+    course.resultFilePath = TextFiles::programmePath(kResultFileName);
+    course.currentPage = 11;
+    questionHeaderWritten = 0;
+}
+
+void FinalTestPage::onOptionClicked(int index) {
+    if (index < 0 || index >= kTestOptionCount)
+        return;
+    const auto i = static_cast<std::size_t>(index);
+    const int k = index / 4;
+    const auto q = static_cast<std::size_t>(k);
+
+    std::optional<ResultLog::ResumeNext> resumeNext;
+
+    verdictLabels[i]->setVisible(true);
+    if (isRightOption(index)) {
+        lastClickScore = 1;
+        questionTries += 1;
+        course.testCorrectCount += 1;
+        course.testAnsweredCount += 1;
+        logClick(index, resumeNext);
+        ResultLog::writeEmptyLine();
+        if (k == 9) {
+            // A question 10 that had wrong clicks gets a second empty line.
+            if (questionHeaderWritten == 1)
+                ResultLog::writeEmptyLine();
+            ResultLog::writeTotals(course.testCorrectCount, course.testAnsweredCount);
+            ResultLog::writeDateLine();
+        }
+        questionHeaderWritten = 0;
+        if (k == 0) {
+            setActive(restartTestButton, true);
+        } else if (k == 1) {
+            withdrawExplanation();
+        } else if (k == 4) {
+            halfChangeTimer->start();
+        }
+    } else {
+        lastClickScore = 0;
+        questionTries += 1;
+        course.testAnsweredCount += 1;
+        logClick(index, resumeNext);
+        questionHeaderWritten = 1;
+    }
+
+    questionNumberLabel->setText(QString::number(k + 1));
+    lastScoreLabel->setText(QString::number(lastClickScore));
+    triesLabel->setText(QString::number(questionTries));
+    totalCorrectLabel->setText(QString::number(course.testCorrectCount));
+    totalAnsweredLabel->setText(QString::number(course.testAnsweredCount));
+    markerLabels[i]->setVisible(true);
+
+    const bool right = verdictLabels[i]->text() == QStringLiteral("Richtig");
+    if (right && k < 9) {
+        questionFrames[q]->setEnabled(false);
+        if (k != 4)
+            questionFrames[q + 1]->setVisible(true);
+        questionTries = 0;
+    }
+    if (right && k == 9) {
+        questionFrames[9]->setEnabled(false);
+        setActive(endPageButton, true);
+        setActive(gradeButton, true);
+        setActive(restartTestButton, true);
+        gradeButton->setFocus();
+        printButton->setVisible(true);
+        instructionLabel->setVisible(false);
+        ResultLog::close();
+    }
+}
+
+void FinalTestPage::logClick(int index, std::optional<ResultLog::ResumeNext> &resumeNext) {
+    const auto i = static_cast<std::size_t>(index);
+    const auto q = static_cast<std::size_t>(index / 4);
+    // The first logged click of question 1 creates the log, and the rest of its handler runs
+    // under the resume-next policy.
+    if (q == 0 && questionHeaderWritten != 1) {
+        resumeNext.emplace();
+        ResultLog::create(course.resultFilePath);
+        ResultLog::writeFileHeading();
+    }
+    if (questionHeaderWritten != 1)
+        ResultLog::writeQuestionHeading(questionFrames[q]->title(), questionLabels[q]->caption());
+    ResultLog::writeClickLine(optionButtons[i]->text(), verdictLabels[i]->text());
+}
+
+void FinalTestPage::toEndPage() {
+    Screens::show(ScreenId::EndPage);
+    Screens::unload(this);
+}
+
+void FinalTestPage::previousPage() {
+    Screens::show(ScreenId::Page10);
+    Screens::unload(this);
+}
+
+void FinalTestPage::restartTest() {
+    Screens::unload(this);
+    Screens::show(ScreenId::FinalTest);
+}
+
+void FinalTestPage::askForGrade() {
+    if (Seams::askYesNo(QStringLiteral("Punkttabelle anzeigen bzw. ändern?"),
+                        QStringLiteral("Punktetabelle für Zensierung"))) {
+        Screens::show(ScreenId::GradeScale);
+    } else {
+        gradeTest();
+        withdrawExplanation();
+    }
+}
+
+void FinalTestPage::printAndEnd() {
+    const QStringList lines = Printing::readLines(course.resultFilePath);
+    Printing::printLines(lines);
+    Screens::endProgramme();
+}
+
+QList<int> FinalTestPage::numbersAfterRestart() const {
+    return {0};
+}
+
+QList<int> FinalTestPage::numbersAfterResume() const {
+    return {course.finalResumeValue};
+}
+
+void FinalTestPage::focusAfterExitFrame() {
+    endButton->setFocus();
+}
+
+void FinalTestPage::showSecondHalf() {
+    questionFrames[5]->setVisible(true);
+    for (std::size_t k = 0; k <= 4; ++k)
+        questionFrames[k]->setVisible(false);
+    halfChangeTimer->stop();
+}
+
+void registerFinalTestScreens() {
+    Screens::registerScreen(ScreenId::FinalTest, [] { return new FinalTestPage; });
+    Screens::registerScreen(ScreenId::GradeScale, [] { return new GradeScaleScreen; });
+}

@@ -1,0 +1,235 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gradescale.h"
+
+#include "captionlabel.h"
+#include "course.h"
+#include "grading.h"
+#include "screens.h"
+#include "seams.h"
+#include "theme.h"
+#include "widgets.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QVBoxLayout>
+
+#include <cmath>
+
+namespace {
+
+QString blanks(int n) {
+    return QString(n, QLatin1Char(' '));
+}
+
+} // namespace
+
+const QString kScoringExplanation =
+    QStringLiteral("Der Zensierung des Tests auf Seite 11 liegt folgendes Prinzip zugrunde: Für "
+                   "jede richtig gelöste Aufgabe gibt es einen Punkt (bei 10 Aufgaben also 10 "
+                   "mögliche Punkte). Wird eine falsche Lösung angeklickt, erhöht sich die "
+                   "Gesamtpunktzahl um 1. Die nächste Aufgabe wird erst sichtbar, wenn die "
+                   "richtige Lösung angeklickt wird.") +
+    blanks(44) + QStringLiteral("Beispiel:") + blanks(8) +
+    QStringLiteral("8 Aufgaben wurden richtig gelöst ; also 8 von 8 Punkten,") + blanks(8) +
+    QStringLiteral("bei der 9. Aufgabe werden 2 Fehler gemacht:  nach dem 1. Fehler: 8 von 9;") +
+    blanks(8) + QStringLiteral("nach dem 2. Fehler: 8 von 10;") + blanks(8) +
+    QStringLiteral("nach richtiger Lösung: 9 von 11 usw.") + blanks(44) +
+    QStringLiteral("Zunächst wurde folgende Zensurenskala festgelegt:") + blanks(8) +
+    QStringLiteral("bis unter 20%:") + blanks(2) + QStringLiteral("Zensur 6,") + blanks(8) +
+    QStringLiteral("mindestens 20% bis unter 40%:  Zensur 5,") + blanks(8) +
+    QStringLiteral("mindestens 40% bis unter 60%:  Zensur 4,") + blanks(8) +
+    QStringLiteral("mindestens 60% bis unter 80%:  Zensur 3,") + blanks(8) +
+    QStringLiteral("mindestens 80% bis unter 96%:  Zensur 2,") + blanks(8) +
+    QStringLiteral("mindestens 96%:") + blanks(2) + QStringLiteral("Zensur 1.");
+
+namespace {
+
+// The explanation and the hints break into lines at their longer runs of blanks only; the double
+// blanks inside their lines stay as they are.
+constexpr BlankRuns kCaptionRuns{.line = 3, .paragraph = 40, .trim = false};
+
+const QString kNonsenseHint = QStringLiteral(" Hinweis:") + blanks(30) +
+                              QStringLiteral("Diese Eingabe war unsinnig und wurde    "
+                                             "automatisch gelöscht.");
+const QString kBlankHint = QStringLiteral(" Hinweis:") + blanks(30) +
+                           QStringLiteral("Diese Eingabe wurde automatisch gelöscht.     "
+                                          "Bitte keine Leerzeichen eingeben.");
+
+} // namespace
+
+std::int16_t toInteger16(const QString &text) {
+    // Blanks around the number, a sign, digits and a decimal part rounded half to even.
+    static const QRegularExpression number(QStringLiteral("^\\s*([+-]?)(\\d+)([.,](\\d*))?\\s*$"));
+    const QRegularExpressionMatch m = number.match(text);
+    if (!m.hasMatch())
+        Seams::failProgramme(QStringLiteral("Typen unverträglich"));
+    const QString digits = m.captured(2) + QLatin1Char('.') + m.captured(4) + QLatin1Char('0');
+    double value = std::nearbyint(QLocale::c().toDouble(digits));
+    if (m.captured(1) == QStringLiteral("-"))
+        value = -value;
+    if (value > 32767.0 || value < -32768.0)
+        Seams::failProgramme(QStringLiteral("Überlauf"));
+    return static_cast<std::int16_t>(value);
+}
+
+GradeScaleScreen::GradeScaleScreen(QWidget *parent)
+    : Form(ScreenId::GradeScale, parent) {
+    setWindowTitle(QStringLiteral("Kelvora - Punktetabelle und Zensierung  "));
+    resize(640, 560);
+    auto *central = new QWidget(this);
+    setCentralWidget(central);
+    auto *page = new QVBoxLayout(central);
+    page->setContentsMargins(16, 12, 16, 12);
+    page->setSpacing(10);
+
+    explanationLabel = new CaptionLabel(kScoringExplanation, kCaptionRuns, central);
+    explanationLabel->setWordWrap(true);
+    explanationLabel->setFrameShape(QFrame::StyledPanel);
+    explanationLabel->setMargin(8);
+    page->addWidget(explanationLabel);
+
+    scaleHeading = new QLabel(QStringLiteral("Eingestellte Zensurenskala:"), central);
+    QFont bold = scaleHeading->font();
+    bold.setBold(true);
+    scaleHeading->setFont(bold);
+    page->addWidget(scaleHeading);
+
+    auto *scale = new QGridLayout;
+    scale->setHorizontalSpacing(8);
+    for (int i = 0; i < 5; ++i) {
+        const auto at = static_cast<std::size_t>(i);
+        thresholdLabels[at] = new QLabel(
+            QStringLiteral("Mindest-Prozentsatz für die Zensur %1:").arg(5 - i), central);
+        thresholdEdits[at] = new QLineEdit(central);
+        thresholdLabels[at]->setObjectName(QStringLiteral("Label2_%1").arg(i));
+        thresholdEdits[at]->setObjectName(QStringLiteral("Text2_%1").arg(i));
+        thresholdEdits[at]->setFixedWidth(64);
+        thresholdEdits[at]->setAccessibleName(thresholdLabels[at]->text());
+        thresholdLabels[at]->setBuddy(thresholdEdits[at]);
+        okButtons[at] = new QPushButton(QStringLiteral("OK"), central);
+        okButtons[at]->setObjectName(QStringLiteral("Command2_%1").arg(i));
+        okButtons[at]->setAccessibleName(QStringLiteral("OK, Zensur %1").arg(5 - i));
+        setActive(okButtons[at], false);
+        scale->addWidget(thresholdLabels[at], i, 0);
+        scale->addWidget(thresholdEdits[at], i, 1);
+        scale->addWidget(okButtons[at], i, 2);
+        connect(thresholdEdits[at], &QLineEdit::textChanged, this,
+                [this, i] { onThresholdChanged(i); });
+        connect(okButtons[at], &QPushButton::clicked, this, [this, i] { takeThreshold(i); });
+    }
+
+    auto *hints = new QVBoxLayout;
+    hints->setSpacing(10);
+    for (std::size_t h = 0; h < hintLabels.size(); ++h) {
+        hintLabels[h] =
+            new CaptionLabel(h == 0 ? kNonsenseHint : kBlankHint, kCaptionRuns, central);
+        hintLabels[h]->setObjectName(QStringLiteral("Label3_%1").arg(h));
+        hintLabels[h]->setStyleSheet(
+            QStringLiteral("color: %1;").arg(Theme::cssColour(Theme::kWrong)));
+        hintLabels[h]->hide();
+        hints->addWidget(hintLabels[h]);
+    }
+    hints->addStretch(1);
+    scale->addLayout(hints, 0, 3, 5, 1);
+    scale->setColumnStretch(3, 1);
+    page->addLayout(scale);
+    page->addStretch(1);
+
+    auto *buttons = new QHBoxLayout;
+    changeScaleButton = new QPushButton(QStringLiteral("Zensurentabelle ändern"), central);
+    changeScaleButton->setMinimumHeight(40);
+    gradeButton =
+        pictureButton(QStringLiteral(":/button-grade.svg"), QStringLiteral("Zensieren"), central);
+    buttons->addWidget(changeScaleButton);
+    buttons->addStretch(1);
+    buttons->addWidget(gradeButton);
+    page->addLayout(buttons);
+
+    setFormNames({{explanationLabel, "Label1"},
+                  {scaleHeading, "Label6"},
+                  {changeScaleButton, "Command4"},
+                  {gradeButton, "Command1"}});
+    connect(changeScaleButton, &QPushButton::clicked, this, &GradeScaleScreen::openScaleForEditing);
+    connect(gradeButton, &QPushButton::clicked, this, &GradeScaleScreen::closeAndGrade);
+}
+
+std::int16_t &GradeScaleScreen::threshold(int index) {
+    switch (index) {
+    case 0:
+        return course.gradeMin5;
+    case 1:
+        return course.gradeMin4;
+    case 2:
+        return course.gradeMin3;
+    case 3:
+        return course.gradeMin2;
+    default:
+        return course.gradeMin1;
+    }
+}
+
+void GradeScaleScreen::onActivate() {
+    for (int i = 0; i < 5; ++i)
+        thresholdEdits[static_cast<std::size_t>(i)]->setText(QString::number(threshold(i)));
+}
+
+void GradeScaleScreen::openScaleForEditing() {
+    for (QLineEdit *edit : thresholdEdits)
+        edit->setText(QString());
+    hintLabels[0]->setVisible(false);
+    hintLabels[1]->setVisible(false);
+    changeScaleButton->setEnabled(false);
+    for (std::size_t i = 0; i < 5; ++i) {
+        thresholdLabels[i]->setVisible(true);
+        thresholdEdits[i]->setVisible(true);
+        okButtons[i]->setVisible(true);
+    }
+    thresholdEdits[0]->setFocus();
+}
+
+void GradeScaleScreen::onThresholdChanged(int index) {
+    const auto i = static_cast<std::size_t>(index);
+    const QString text = thresholdEdits[i]->text();
+    if (!text.isEmpty()) {
+        okButtons[i]->setEnabled(true);
+        setBackColour(okButtons[i], Theme::activeButton());
+    }
+    const QChar c = text.isEmpty() ? QChar() : text.back();
+    const bool allowed = (c >= u'0' && c <= u'9') || c == u'%';
+    const bool blank = text.contains(QLatin1Char(' '));
+    if (!allowed && !blank) {
+        hintLabels[0]->setVisible(true);
+        thresholdEdits[i]->setText(QString());
+        okButtons[i]->setEnabled(false);
+        setBackColour(okButtons[i], Theme::buttonFace());
+    } else if (blank) {
+        hintLabels[1]->setVisible(true);
+        thresholdEdits[i]->setText(QString());
+        okButtons[i]->setEnabled(false);
+        setBackColour(okButtons[i], Theme::buttonFace());
+    }
+}
+
+void GradeScaleScreen::takeThreshold(int index) {
+    const auto i = static_cast<std::size_t>(index);
+    if (thresholdEdits[i]->text().endsWith(QLatin1Char('%')))
+        thresholdEdits[i]->setText(thresholdEdits[i]->text().chopped(1));
+    threshold(index) = toInteger16(thresholdEdits[i]->text());
+    if (index < 4 && thresholdEdits[i + 1]->text().isEmpty())
+        thresholdEdits[i + 1]->setFocus();
+    else
+        gradeButton->setFocus();
+    okButtons[i]->setEnabled(false);
+    setBackColour(okButtons[i], Theme::buttonFace());
+    changeScaleButton->setEnabled(true);
+}
+
+void GradeScaleScreen::closeAndGrade() {
+    Screens::unload(this);
+    gradeTest();
+}

@@ -1,0 +1,233 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controlcentre.h"
+
+#include "picture.h"
+#include "screens.h"
+#include "theme.h"
+#include "widgets.h"
+
+#include <QButtonGroup>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QStyleOptionButton>
+#include <QStylePainter>
+#include <QVBoxLayout>
+
+namespace {
+
+struct Topic {
+    const char *text;
+    int blanks;
+    const char *reference;
+};
+
+constexpr std::array<Topic, 11> kTopics = {{
+    {"Fragen 1 bis 5", 80, "- Seite 1"},
+    {"Fragen 6 bis 10", 77, "- Seite 2"},
+    {"Fragen 11 bis 15", 75, "- Seite 3"},
+    {"Fragen 16 bis 20", 75, "- Seite 4"},
+    {"Fragen 21 bis 25", 75, "- Seite 5"},
+    {"Fragen 26 bis 30", 75, "- Seite 6"},
+    {"Fragen 31 bis 35", 75, "- Seite 7"},
+    {"Fragen 36 bis 40", 75, "- Seite 8"},
+    {"Fragen 41 bis 45", 75, "- Seite 9"},
+    {"Fragen 46 bis 50", 75, "- Seite 10"},
+    {"Abschlusstest", 80, "- Seite 11"},
+}};
+
+const QString kInstruction = QStringLiteral(
+    "<p style='margin:0'>Du kannst das Lernprogramm ganz von vorn beginnen: Klicke dazu auf "
+    "<b>„Lernprogramm-Start“</b>.</p>"
+    "<p style='margin-top:6px; margin-bottom:0'>Du kannst aber auch an jeder beliebigen Stelle "
+    "einsteigen: Klicke dazu unten auf das gewünschte Thema.</p>");
+
+} // namespace
+
+QString topicCaption(int index) {
+    if (index < 0 || index >= static_cast<int>(kTopics.size()))
+        return {};
+    const Topic &t = kTopics.at(static_cast<std::size_t>(index));
+    return QString::fromUtf8(t.text) + QString(t.blanks, QLatin1Char(' ')) +
+           QString::fromUtf8(t.reference);
+}
+
+TopicOption::TopicOption(const QString &caption, QWidget *parent)
+    : QRadioButton(caption, parent) {
+    static const QRegularExpression run(QStringLiteral(" {2,}"));
+    const QRegularExpressionMatch m = run.match(caption);
+    if (m.hasMatch()) {
+        topic_ = caption.left(m.capturedStart());
+        reference_ = caption.mid(m.capturedEnd());
+    } else {
+        topic_ = caption;
+    }
+    setAccessibleName(topic_ + QLatin1Char(' ') + reference_);
+}
+
+int TopicOption::textStart() const {
+    QStyleOptionButton opt;
+    initStyleOption(&opt);
+    opt.rect = QRect(0, 0, 1000, 40);
+    return style()->subElementRect(QStyle::SE_RadioButtonContents, &opt, this).left();
+}
+
+int TopicOption::naturalReferenceColumn() const {
+    return textStart() +
+           fontMetrics().horizontalAdvance(text().left(text().size() - reference_.size()));
+}
+
+void TopicOption::setReferenceColumn(int x) {
+    column_ = x;
+    updateGeometry();
+    update();
+}
+
+QSize TopicOption::sizeHint() const {
+    QSize size = QRadioButton::sizeHint();
+    const int needed = column_ + fontMetrics().horizontalAdvance(reference_) + 4;
+    size.setWidth(qMax(size.width(), needed));
+    return size;
+}
+
+void TopicOption::paintEvent(QPaintEvent *) {
+    QStylePainter painter(this);
+    QStyleOptionButton opt;
+    initStyleOption(&opt);
+    opt.text = topic_;
+    painter.drawControl(QStyle::CE_RadioButton, opt);
+    const QRect contents = style()->subElementRect(QStyle::SE_RadioButtonContents, &opt, this);
+    const int column = column_ > 0 ? column_ : naturalReferenceColumn();
+    const QRect referenceRect(column, contents.top(), width() - column, contents.height());
+    painter.drawItemText(referenceRect, Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(),
+                         reference_, foregroundRole());
+}
+
+bool TopicOption::hitButton(const QPoint &pos) const {
+    // The whole line up to the end of the page reference chooses the topic.
+    const int end = column_ + fontMetrics().horizontalAdvance(reference_) + 4;
+    return QRect(0, 0, end, height()).contains(pos) || QRadioButton::hitButton(pos);
+}
+
+void TopicOption::keyPressEvent(QKeyEvent *e) {
+    int step = 0;
+    switch (e->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Left:
+        step = -1;
+        break;
+    case Qt::Key_Down:
+    case Qt::Key_Right:
+        step = 1;
+        break;
+    default:
+        QRadioButton::keyPressEvent(e);
+        return;
+    }
+    const QList<TopicOption *> topics =
+        parentWidget()->findChildren<TopicOption *>(Qt::FindDirectChildrenOnly);
+    const qsizetype here = topics.indexOf(this);
+    if (here < 0 || topics.size() < 2)
+        return;
+    const qsizetype next = (here + step + topics.size()) % topics.size();
+    topics.at(next)->setFocus(step > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+}
+
+ControlCentre::ControlCentre(QWidget *parent)
+    : Form(ScreenId::ControlCentre, parent) {
+    setWindowTitle(
+        Theme::windowCaption(Theme::kControlCentreCaptionBlanks, QStringLiteral("Steuerzentrum")));
+    resize(800, 600);
+
+    QWidget *central = tintedCentralWidget(this);
+
+    titleLabel = headingLabel(QStringLiteral("Wo möchtest du starten?"), 20, central);
+
+    instructionPicture = new Picture(kInstruction, central);
+    QFont pictureFont = instructionPicture->font();
+    pictureFont.setPointSize(11);
+    instructionPicture->setFont(pictureFont);
+    instructionPicture->setFrameStyle(QFrame::Box | QFrame::Plain);
+
+    startButton = new QPushButton(QStringLiteral("Lernprogramm-Start"), central);
+    QFont buttonFont = startButton->font();
+    buttonFont.setPointSize(12);
+    buttonFont.setBold(true);
+    startButton->setFont(buttonFont);
+    startButton->setMinimumSize(200, 48);
+    setBackColour(startButton, Theme::activeButton());
+
+    topicFrame = new QGroupBox(QStringLiteral("Kelvora"), central);
+    QFont frameFont = topicFrame->font();
+    frameFont.setPointSize(11);
+    topicFrame->setFont(frameFont);
+    auto *options = new QVBoxLayout(topicFrame);
+    options->setContentsMargins(24, 14, 24, 14);
+    options->setSpacing(6);
+    topicGroup_ = new QButtonGroup(this);
+    int column = 0;
+    for (std::size_t i = 0; i < topics.size(); ++i) {
+        const int index = static_cast<int>(i);
+        topics[i] = new TopicOption(topicCaption(index), topicFrame);
+        topics[i]->setObjectName(QStringLiteral("Option1_%1").arg(index));
+        topicGroup_->addButton(topics[i], index);
+        options->addWidget(topics[i]);
+        column = qMax(column, topics[i]->naturalReferenceColumn());
+        connect(topics[i], &QAbstractButton::toggled, this, [this, index](bool selected) {
+            if (selected)
+                openTopic(index);
+        });
+    }
+    for (TopicOption *option : topics)
+        option->setReferenceColumn(column);
+
+    emptyLabel = new QLabel(central);
+
+    auto *layout = new QVBoxLayout(central);
+    layout->setContentsMargins(32, 20, 32, 16);
+    layout->setSpacing(14);
+    layout->addWidget(titleLabel);
+    auto *startRow = new QHBoxLayout;
+    startRow->setSpacing(20);
+    startRow->addWidget(instructionPicture, 1);
+    startRow->addWidget(startButton, 0, Qt::AlignVCenter);
+    layout->addLayout(startRow);
+    layout->addWidget(topicFrame, 0, Qt::AlignHCenter);
+    layout->addWidget(emptyLabel);
+    layout->addStretch(1);
+
+    setFormNames({{titleLabel, "Label1"},
+                  {instructionPicture, "Image1"},
+                  {startButton, "Command2"},
+                  {topicFrame, "Frame1"},
+                  {emptyLabel, "Label5"}});
+    connect(startButton, &QPushButton::clicked, this, &ControlCentre::startCourse);
+    setTabOrder(startButton, topics[0]);
+}
+
+void ControlCentre::onActivate() {
+    // Clearing an option is no choice: the group may hold none selected only while it is not
+    // exclusive, and a cleared option raises no click.
+    topicGroup_->setExclusive(false);
+    for (TopicOption *topic : topics)
+        topic->setChecked(false);
+    topicGroup_->setExclusive(true);
+}
+
+void ControlCentre::openTopic(int index) {
+    if (index >= 0 && index <= 9)
+        Screens::show(pageScreen(index + 1));
+    else if (index == 10)
+        Screens::show(ScreenId::FinalTest);
+    else
+        return;
+    Screens::unload(this);
+}
+
+void ControlCentre::startCourse() {
+    Screens::show(ScreenId::Page1);
+    Screens::unload(this);
+}

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell.h"
+
+#include "controlcentre.h"
+#include "endpage.h"
+#include "infoscreens.h"
+#include "screens.h"
+#include "startscreen.h"
+
+void registerShellScreens() {
+    Screens::registerScreen(ScreenId::Start, [] { return new StartScreen; });
+    Screens::registerScreen(ScreenId::ControlCentre, [] { return new ControlCentre; });
+    Screens::registerScreen(ScreenId::EndPage, [] { return new EndPage; });
+    for (ScreenId id : {ScreenId::WorkingMethod, ScreenId::Author, ScreenId::Requirements})
+        Screens::registerScreen(id, [id] { return new InfoScreen(id); });
+}

@@ -1,0 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+// The programme shell's own screens, made known to the screen layer.
+void registerShellScreens();
