@@ -2,7 +2,7 @@
 PRESET ?= default
 BUILD_DIR := build/$(PRESET)
 
-.PHONY: all build run test clean configure
+.PHONY: all build run test unit clean configure
 
 all: build
 
@@ -21,6 +21,11 @@ test:
 	@test -f $(BUILD_DIR)/build.ninja || cmake --preset $(PRESET)
 	cmake --build --preset $(PRESET)
 	ctest --preset $(PRESET)
+
+# The unit tests alone: offscreen, in seconds, without the X server and the printer set-up.
+unit: configure
+	cmake --build --preset $(PRESET)
+	ctest --preset unit
 
 clean:
 	rm -rf build

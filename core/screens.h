@@ -15,9 +15,8 @@ public:
     // main() registers how each screen is made; the layer never names a screen class itself.
     static void registerScreen(ScreenId id, const Factory &factory);
 
-    // Shows the screen, creating it (and running its onLoad (Form_Load)) when it is not loaded, and
-    // makes it the active screen (running its onActivate (Form_Activate) when it was not the active
-    // one already).
+    // Shows the screen, creating it when it is not loaded (running its onLoad), and makes it the
+    // active screen (running its onActivate when it was not the active one already).
     static Form *show(ScreenId id);
     template <class T> static T *show(ScreenId id) { return static_cast<T *>(show(id)); }
 

@@ -169,10 +169,12 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(pdf) && !Screens::programmeEnded());
     }
 
-    // Through the default printer of the system: a CUPS queue "KelvoraPDF", which the test set-up
-    // makes the default; cups-pdf turns the job into a PDF file in the user's PDF folder or, for
-    // anonymous jobs, the spool folder.
+    // Through the default printer: a CUPS queue "KelvoraPDF" that the test set-up adds and the
+    // environment (PRINTER) makes this test's default; cups-pdf turns the job into a PDF file in
+    // the user's PDF folder or, for anonymous jobs, the spool folder.
     void printsOnTheDefaultPrinter() {
+        if (QPrinterInfo::printerInfo(u"KelvoraPDF"_s).isNull())
+            QSKIP("no CUPS queue KelvoraPDF: its set-up was skipped");
         QCOMPARE(QPrinterInfo::defaultPrinter().printerName(), u"KelvoraPDF"_s);
         const auto pdfs = [] {
             QStringList files;

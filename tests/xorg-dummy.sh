@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # A private X server with the dummy video driver for the display-mode tests.
 #   xorg-dummy.sh start <state-dir> <config>   starts it on a free display number
-#   xorg-dummy.sh run <state-dir> <command...>  runs the command with DISPLAY set to it
+#   xorg-dummy.sh run <state-dir> <command...>  runs the command with DISPLAY set to it (exit 77
+#                                               when there is no server: the start was skipped)
 #   xorg-dummy.sh stop <state-dir>              stops it
 # The server runs as the calling user; the dummy driver needs no hardware, but Xorg accepts a
 # configuration file outside its own folders only from root.
@@ -21,6 +22,10 @@ xorg_binary() {
 case "$action" in
 start)
     config=${3:?configuration file}
+    if [[ $(id -u) -ne 0 ]]; then
+        echo "skipped: Xorg takes a configuration file from outside its own folders only from root"
+        exit 77
+    fi
     "$0" stop "$state" || true
     mkdir -p "$state/conf.d"
     xorg=$(xorg_binary)
@@ -55,7 +60,7 @@ start)
     ;;
 run)
     shift 2
-    [[ -f "$state/display" ]] || { echo "xorg-dummy: server not started" >&2; exit 1; }
+    [[ -f "$state/display" ]] || { echo "skipped: the dummy X server was not started"; exit 77; }
     DISPLAY=$(cat "$state/display") exec "$@"
     ;;
 stop)
