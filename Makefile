@@ -2,7 +2,7 @@
 PRESET ?= default
 BUILD_DIR := build/$(PRESET)
 
-.PHONY: all build run test unit clean configure
+.PHONY: all build run test unit lint clean configure
 
 all: build
 
@@ -26,6 +26,10 @@ test:
 unit: configure
 	cmake --build --preset $(PRESET)
 	ctest --preset unit
+
+# clang-format and clang-tidy over every source file.
+lint: build
+	tools/lint.sh $(BUILD_DIR)
 
 clean:
 	rm -rf build

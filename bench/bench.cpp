@@ -59,8 +59,7 @@ int child(const QString &what, int argc, char *argv[]) {
         setUpApplication(app);
         registerShellScreens();
         registerLessonPages();
-        const QString path = folder.path();
-        Seams::setProgrammeFolder([path] { return path; });
+        Seams::setProgrammeFolder([path = folder.path()] { return path; });
         window = Screens::show(ScreenId::Start);
     }
     if (!window || !QTest::qWaitForWindowExposed(window))
@@ -117,8 +116,7 @@ int main(int argc, char *argv[]) {
     registerShellScreens();
     registerLessonPages();
     QTemporaryDir folder;
-    const QString path = folder.path();
-    Seams::setProgrammeFolder([path] { return path; });
+    Seams::setProgrammeFolder([path = folder.path()] { return path; });
 
     QList<double> pageMs, keyMs;
     for (int i = 0; i < runs * 3; ++i) {
