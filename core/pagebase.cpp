@@ -83,6 +83,25 @@ QRect centred(const QRect &area, QSize size) {
             size.width(), size.height()};
 }
 
+// A plain area in one colour: the cover behind the exit frame, the border around the overview.
+QWidget *colourArea(const QColor &colour, const char *formName, QWidget *parent) {
+    auto *area = new QWidget(parent);
+    area->setObjectName(QString::fromUtf8(formName));
+    area->setAutoFillBackground(true);
+    QPalette palette = area->palette();
+    palette.setColor(QPalette::Window, colour);
+    area->setPalette(palette);
+    return area;
+}
+
+// A framed panel that appears over the page.
+QGroupBox *panelFrame(const QString &title, const char *formName, QWidget *parent) {
+    auto *frame = new QGroupBox(title, parent);
+    frame->setObjectName(QString::fromUtf8(formName));
+    frame->setAutoFillBackground(true);
+    return frame;
+}
+
 QPushButton *panelButton(const QString &caption, const QString &formName, QWidget *parent) {
     auto *button = new QPushButton(caption, parent);
     button->setObjectName(formName);
@@ -216,16 +235,8 @@ void PageBase::buildMenus(bool withPointsEntry) {
 }
 
 void PageBase::buildExitFrame(QWidget *central) {
-    exitCover = new QWidget(central);
-    exitCover->setObjectName(QStringLiteral("Picture10"));
-    exitCover->setAutoFillBackground(true);
-    QPalette cover = exitCover->palette();
-    cover.setColor(QPalette::Window, Theme::kExitCover);
-    exitCover->setPalette(cover);
-
-    exitFrame = new QGroupBox(QStringLiteral("Wie möchtest du beenden?"), central);
-    exitFrame->setObjectName(QStringLiteral("Frame10"));
-    exitFrame->setAutoFillBackground(true);
+    exitCover = colourArea(Theme::kExitCover, "Picture10", central);
+    exitFrame = panelFrame(QStringLiteral("Wie möchtest du beenden?"), "Frame10", central);
     exitHeading =
         new QLabel(QStringLiteral("Ich möchte beim nächsten Programmstart ..."), exitFrame);
     exitHeading->setObjectName(QStringLiteral("Label10"));
@@ -255,16 +266,8 @@ void PageBase::buildExitFrame(QWidget *central) {
 }
 
 void PageBase::buildOverview(QWidget *central) {
-    overviewBorder = new QWidget(central);
-    overviewBorder->setObjectName(QStringLiteral("Shape6"));
-    overviewBorder->setAutoFillBackground(true);
-    QPalette border = overviewBorder->palette();
-    border.setColor(QPalette::Window, Theme::kOverviewBorder);
-    overviewBorder->setPalette(border);
-
-    overviewFrame = new QGroupBox(QStringLiteral("Wo bin ich?"), central);
-    overviewFrame->setObjectName(QStringLiteral("Frame2"));
-    overviewFrame->setAutoFillBackground(true);
+    overviewBorder = colourArea(Theme::kOverviewBorder, "Shape6", central);
+    overviewFrame = panelFrame(QStringLiteral("Wo bin ich?"), "Frame2", central);
     auto *layout = new QVBoxLayout(overviewFrame);
     layout->setContentsMargins(14, 14, 14, 14);
     layout->setSpacing(2);
