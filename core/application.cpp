@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "application.h"
 
+#include "zoom.h"
+
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QStyleFactory>
@@ -10,7 +12,8 @@ void setUpApplication(QApplication &app) {
     app.setApplicationName(QStringLiteral("Kelvora"));
     app.setApplicationVersion(QStringLiteral(KELVORA_VERSION));
     // Fusion draws the light grey of the active buttons on every platform.
-    app.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    // Its own sizes follow each window's zoom.
+    app.setStyle(zoomingStyle(QStyleFactory::create(QStringLiteral("Fusion"))));
 
     // The programme speaks German whatever the system's language: Qt's own buttons too ("&Ja",
     // "&Nein"). Without the translation files the buttons stay English and nothing else changes.

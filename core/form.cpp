@@ -2,10 +2,16 @@
 #include "form.h"
 
 #include "screens.h"
+#include "zoom.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLayout>
+#include <QWindow>
 
 #include <array>
+#include <cmath>
 
 ScreenId pageScreen(int page) {
     if (page >= 1 && page <= 11)
@@ -22,21 +28,171 @@ QString formName(ScreenId id) {
     return QString::fromUtf8(kNames.at(static_cast<std::size_t>(id)));
 }
 
+bool replacesScreen(ScreenId id) {
+    return id <= ScreenId::EndPage;
+}
+
+namespace {
+
+// Posted when the window's size changed; several changes before the next frame make one.
+const QEvent::Type kZoomRequest = static_cast<QEvent::Type>(QEvent::registerEventType());
+
+} // namespace
+
+// The window's inside below the menu bar: it holds the page at its zoomed size, centred, and asks
+// for a new zoom whenever its size changes.
+class PageFrame : public QWidget {
+public:
+    explicit PageFrame(Form *form)
+        : QWidget(form)
+        , form_(form) {}
+
+protected:
+    void resizeEvent(QResizeEvent *) override { form_->requestZoom(); }
+
+private:
+    Form *form_;
+};
+
 Form::Form(ScreenId id, QWidget *parent)
     : QMainWindow(parent)
-    , id_(id) {
+    , id_(id)
+    , zoom_(new Zoom(this))
+    , frame_(new PageFrame(this))
+    , page_(new QWidget(frame_)) {
     setAttribute(Qt::WA_DeleteOnClose, false);
     setObjectName(formName(id));
+    setCentralWidget(frame_);
+    setFont(Zoom::pageFont(1.0));
+    setMinimumSize(designSize_ * Zoom::kSmallest);
+}
+
+Form::~Form() = default;
+
+void Form::setDesignSize(QSize size) {
+    designSize_ = size;
+    setMinimumSize(size * Zoom::kSmallest);
+}
+
+double Form::factorFor(QSize windowSize) const {
+    if (designSize_.isEmpty() || windowSize.isEmpty())
+        return 1.0;
+    return std::min(double(windowSize.width()) / designSize_.width(),
+                    double(windowSize.height()) / designSize_.height());
+}
+
+void Form::zoomFor(QSize windowSize) {
+    resize(windowSize);
+    zoomPending_ = false;
+    zoomTo(factorFor(windowSize));
+}
+
+void Form::zoomTo(double factor) {
+    // Laying the window out again moves the frame below a menu bar of the new size; that needs
+    // no second zoom.
+    zooming_ = true;
+    // The style measures by the factor, and what follows the zoom may measure text in the
+    // page's font: the factor first, then the font, then everything else.
+    zoom_->setFactor(factor, [this, factor] { setFont(Zoom::pageFont(factor)); });
+    if (layout())
+        layout()->activate();
+    placePage();
+    zooming_ = false;
+}
+
+void Form::layOutNow() {
+    ensurePolished();
+    if (layout())
+        layout()->activate();
+    // Parents before their children, as showing the screen would lay them out.
+    const auto widgets = findChildren<QWidget *>();
+    for (QWidget *w : widgets) {
+        if (w->layout() && !w->isWindow())
+            w->layout()->activate();
+    }
+}
+
+void Form::requestZoom() {
+    if (zoomPending_ || zooming_)
+        return;
+    zoomPending_ = true;
+    QCoreApplication::postEvent(this, new QEvent(kZoomRequest));
+}
+
+void Form::applyZoom() {
+    if (!zoomPending_)
+        return;
+    // A window that is to be maximised or full screen has its final size only once the window
+    // system has put it there; until then its size is the one it will have when restored.
+    const bool exposed = windowHandle() && windowHandle()->isExposed();
+    if (!exposed && (windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)))
+        return;
+    zoomPending_ = false;
+    zoomTo(factorFor(size()));
+}
+
+void Form::placePage() {
+    const double factor = zoom_->factor();
+    // The menu bar belongs to the design size: the page is what is left of it below the bar.
+    const int menu = frame_->y();
+    const QSize frame = frame_->size();
+    const QSize size(
+        std::min(frame.width(), int(std::lround(designSize_.width() * factor))),
+        std::min(frame.height(), int(std::lround(designSize_.height() * factor)) - menu));
+    page_->setGeometry((frame.width() - size.width()) / 2, (frame.height() - size.height()) / 2,
+                       size.width(), size.height());
 }
 
 bool Form::event(QEvent *e) {
-    if (e->type() == QEvent::WindowActivate)
+    switch (e->type()) {
+    case QEvent::WindowActivate:
         Screens::activated(this);
+        break;
+    case QEvent::Show:
+        // Drawn for the first time at the right size, not one frame later.
+        if (!watchedWindow_ && windowHandle()) {
+            watchedWindow_ = windowHandle();
+            watchedWindow_->installEventFilter(this);
+        }
+        applyZoom();
+        break;
+    case QEvent::UpdateRequest:
+        applyZoom();
+        break;
+    default:
+        if (e->type() == kZoomRequest) {
+            applyZoom();
+            return true;
+        }
+        break;
+    }
     return QMainWindow::event(e);
+}
+
+bool Form::eventFilter(QObject *watched, QEvent *e) {
+    // The window system may ask for the window to be drawn before the posted zoom has run.
+    if (watched == watchedWindow_ && e->type() == QEvent::Expose)
+        applyZoom();
+    return QMainWindow::eventFilter(watched, e);
 }
 
 void Form::closeEvent(QCloseEvent *e) {
     // The close box unloads the screen; the screen layer ends the programme once none is left.
     e->ignore();
     Screens::unload(this);
+}
+
+void Form::keyPressEvent(QKeyEvent *e) {
+    // F11 shows the page on the whole screen and back; Escape leaves the whole screen. Keys that
+    // a control of the page uses never arrive here.
+    if (e->key() == Qt::Key_F11 && e->modifiers() == Qt::NoModifier) {
+        setWindowState(windowState() ^ Qt::WindowFullScreen);
+        return;
+    }
+    if (e->key() == Qt::Key_Escape && e->modifiers() == Qt::NoModifier &&
+        (windowState() & Qt::WindowFullScreen)) {
+        setWindowState(windowState() & ~Qt::WindowFullScreen);
+        return;
+    }
+    QMainWindow::keyPressEvent(e);
 }

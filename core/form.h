@@ -3,6 +3,8 @@
 
 #include <QMainWindow>
 
+class Zoom;
+
 // Every screen of the programme. Each has one default instance, managed by the screen layer
 // (screens.h), which is created by the first show and destroyed by unload. The comment names the
 // form each screen was drawn as; a screen's objectName() is that name too.
@@ -33,23 +35,65 @@ ScreenId pageScreen(int page);
 // The form name a screen was drawn as: "Qel1", "Steuerzentrum", "Auflösung", ...
 QString formName(ScreenId id);
 
+// Whether a screen takes the place of the screen before it (the pages, the start screen, the
+// control centre and the end page) or opens over the page it was chosen from (the information
+// screens, the grade scale and the display-mode screen).
+bool replacesScreen(ScreenId id);
+
 // A screen: a window with its controls as members named by their role and handlers named by
 // what they do. Each control's objectName() is its name on the original form.
+//
+// A screen builds its controls into page(), which is designed at designSize() and shown at that
+// size times the window's zoom factor, centred in the window with an even band of the page's
+// colour where the window's proportions differ from the design's. The menu bar of a page belongs
+// to the design size too.
 class Form : public QMainWindow {
     Q_OBJECT
 public:
     explicit Form(ScreenId id, QWidget *parent = nullptr);
+    ~Form() override;
     ScreenId screenId() const { return id_; }
 
     // Form_Load: runs once, right after the screen layer has created the instance.
     virtual void onLoad() {}
     // Form_Activate: runs each time the screen becomes the programme's active screen.
     virtual void onActivate() {}
+    // The screens the pupil is likely to open from here next; the screen layer builds them while
+    // the pupil reads, so that the page change itself only shows them.
+    virtual QList<ScreenId> likelyNext() const { return {}; }
+
+    QWidget *page() const { return page_; }
+    QSize designSize() const { return designSize_; }
+    Zoom &zoom() const { return *zoom_; }
+    // The zoom factor for a window whose inside has this size.
+    double factorFor(QSize windowSize) const;
+    // Zooms and lays the screen out at once for a window of this size (inside the frame); the
+    // screen layer does this before a screen is shown. A shown screen follows its window's size
+    // by itself, once per frame.
+    void zoomFor(QSize windowSize);
+    // Lays out every control now, as showing the screen would.
+    void layOutNow();
 
 protected:
+    void setDesignSize(QSize size);
     bool event(QEvent *e) override;
+    bool eventFilter(QObject *watched, QEvent *e) override;
     void closeEvent(QCloseEvent *e) override;
+    void keyPressEvent(QKeyEvent *e) override;
 
 private:
+    friend class PageFrame;
+    void requestZoom();
+    void applyZoom();
+    void zoomTo(double factor);
+    void placePage();
+
     ScreenId id_;
+    Zoom *zoom_;
+    QWidget *frame_;
+    QWidget *page_;
+    QSize designSize_{800, 600};
+    bool zoomPending_ = false;
+    bool zooming_ = false;
+    QObject *watchedWindow_ = nullptr;
 };

@@ -7,6 +7,7 @@
 #include "textfiles.h"
 #include "theme.h"
 #include "widgets.h"
+#include "zoom.h"
 
 #include <QAction>
 #include <QEvent>
@@ -14,6 +15,8 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -36,7 +39,8 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *e) override {
-        if ((watched == page_ && e->type() == QEvent::Resize) ||
+        // A hidden panel is placed when it appears.
+        if ((watched == page_ && e->type() == QEvent::Resize && !panel_->isHidden()) ||
             (watched == panel_ && e->type() == QEvent::Show))
             apply();
         return false;
@@ -105,9 +109,43 @@ QGroupBox *panelFrame(const QString &title, const char *formName, QWidget *paren
 QPushButton *panelButton(const QString &caption, const QString &formName, QWidget *parent) {
     auto *button = new QPushButton(caption, parent);
     button->setObjectName(formName);
-    button->setMinimumHeight(32);
+    Zoom::on(parent).setMinimumHeight(button, 32);
     return button;
 }
+
+// A line of the page overview: a flat button whose caption starts at its left edge, like a line
+// of text, with a little room around it.
+class OverviewLine : public QPushButton {
+public:
+    OverviewLine(const QString &caption, QWidget *parent)
+        : QPushButton(caption, parent) {
+        setFlat(true);
+        setCursor(Qt::PointingHandCursor);
+    }
+
+    QSize sizeHint() const override {
+        const Zoom &zoom = Zoom::on(this);
+        return {fontMetrics().horizontalAdvance(text()) + 2 * zoom.px(kPadding.width()),
+                fontMetrics().height() + 2 * zoom.px(kPadding.height())};
+    }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent *) override {
+        QStylePainter painter(this);
+        QStyleOptionButton option;
+        initStyleOption(&option);
+        option.text.clear();
+        painter.drawControl(QStyle::CE_PushButton, option);
+        const int padding = Zoom::on(this).px(kPadding.width());
+        painter.drawItemText(rect().adjusted(padding, 0, -padding, 0),
+                             Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), text(),
+                             QPalette::ButtonText);
+    }
+
+private:
+    static constexpr QSize kPadding{8, 3};
+};
 
 QAction *menuEntry(QMenu *menu, const QString &caption, const QString &formName) {
     QAction *entry = menu->addAction(caption);
@@ -246,16 +284,17 @@ void PageBase::buildExitFrame(QWidget *central) {
                                 QStringLiteral("Command10"), exitFrame);
     stayButton = panelButton(QStringLiteral("Ich möchte nicht beenden"),
                              QStringLiteral("Command12"), exitFrame);
+    Zoom &z = zoom();
     auto *layout = new QVBoxLayout(exitFrame);
-    layout->setContentsMargins(18, 18, 18, 18);
-    layout->setSpacing(8);
+    z.setMargins(layout, 18);
+    z.setSpacing(layout, 8);
     layout->addWidget(exitHeading);
     layout->addWidget(resumeButton);
     layout->addWidget(restartButton);
-    layout->addSpacing(14);
+    z.addSpacing(layout, 14);
     layout->addWidget(stayButton);
-    new Placement(central, exitFrame, [](const QRect &area, QSize hint) {
-        return centred(area, hint.expandedTo(QSize(340, 0)));
+    new Placement(central, exitFrame, [&z](const QRect &area, QSize hint) {
+        return centred(area, hint.expandedTo(QSize(z.px(340), 0)));
     });
     new Placement(
         central, exitCover, [](const QRect &area, QSize) { return area; }, exitFrame);
@@ -268,14 +307,12 @@ void PageBase::buildExitFrame(QWidget *central) {
 void PageBase::buildOverview(QWidget *central) {
     overviewBorder = colourArea(Theme::kOverviewBorder, "Shape6", central);
     overviewFrame = panelFrame(QStringLiteral("Wo bin ich?"), "Frame2", central);
+    Zoom &z = zoom();
     auto *layout = new QVBoxLayout(overviewFrame);
-    layout->setContentsMargins(14, 14, 14, 14);
-    layout->setSpacing(2);
+    z.setMargins(layout, 14);
+    z.setSpacing(layout, 2);
     for (std::size_t i = 0; i < overviewLines.size(); ++i) {
-        auto *line = new QPushButton(kOverviewLines[i], overviewFrame);
-        line->setFlat(true);
-        line->setStyleSheet(QStringLiteral("text-align: left; padding: 3px 8px;"));
-        line->setCursor(Qt::PointingHandCursor);
+        auto *line = new OverviewLine(kOverviewLines[i], overviewFrame);
         overviewLines[i] = line;
         layout->addWidget(line);
     }
@@ -287,14 +324,15 @@ void PageBase::buildOverview(QWidget *central) {
         panelButton(QStringLiteral("Schließen"), QStringLiteral("Command6"), overviewFrame);
     layout->addWidget(overviewCloseButton);
 
-    const auto place = [](const QRect &area, QSize hint) {
-        return centred(area, hint.expandedTo(QSize(300, 0)));
+    const auto place = [&z](const QRect &area, QSize hint) {
+        return centred(area, hint.expandedTo(QSize(z.px(300), 0)));
     };
     new Placement(central, overviewFrame, place);
     new Placement(
         central, overviewBorder,
-        [place, frame = overviewFrame](const QRect &area, QSize) {
-            return place(area, frame->sizeHint()).adjusted(-6, -6, 6, 6);
+        [place, &z, frame = overviewFrame](const QRect &area, QSize) {
+            const int border = z.px(6);
+            return place(area, frame->sizeHint()).adjusted(-border, -border, border, border);
         },
         overviewFrame);
 

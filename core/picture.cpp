@@ -2,12 +2,15 @@
 #include "picture.h"
 
 #include "theme.h"
+#include "zoom.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QHash>
+#include <QIcon>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QSvgRenderer>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
@@ -25,6 +28,21 @@ QSvgRenderer *sharedRenderer(const QString &resource) {
     return renderer;
 }
 
+// The images of a document's text, and the zoom they were last drawn for.
+struct TextImage {
+    QString source;
+    QSize size; // in design units
+};
+struct DocumentImages {
+    QList<TextImage> images;
+    double zoom = 0; // not drawn yet
+};
+
+QHash<const QTextDocument *, DocumentImages> &documentImages() {
+    static QHash<const QTextDocument *, DocumentImages> images;
+    return images;
+}
+
 std::shared_ptr<QTextDocument> sharedDocument(const QString &html, const QFont &font) {
     static QHash<QString, std::shared_ptr<QTextDocument>> documents;
     std::shared_ptr<QTextDocument> &document = documents[font.key() + QLatin1Char('\n') + html];
@@ -33,8 +51,31 @@ std::shared_ptr<QTextDocument> sharedDocument(const QString &html, const QFont &
         document->setDocumentMargin(0);
         document->setDefaultFont(font);
         document->setHtml(html);
+        // Each image as source, width and height, to be drawn afresh from its vectors.
+        static const QRegularExpression image(QStringLiteral(
+            R"(<img\s+src=["']([^"']+)["'][^>]*width=["'](\d+)["'][^>]*height=["'](\d+)["'])"));
+        DocumentImages images;
+        for (auto it = image.globalMatch(html); it.hasNext();) {
+            const QRegularExpressionMatch m = it.next();
+            images.images.append(
+                {m.captured(1), QSize(m.captured(2).toInt(), m.captured(3).toInt())});
+        }
+        if (!images.images.isEmpty())
+            documentImages().insert(document.get(), images);
     }
     return document;
+}
+
+// Gives the document's images the resolution at which they are drawn at this zoom.
+void drawImagesAt(QTextDocument *document, double zoom) {
+    const auto found = documentImages().find(document);
+    if (found == documentImages().end() || found->zoom == zoom)
+        return;
+    found->zoom = zoom;
+    for (const TextImage &image : std::as_const(found->images)) {
+        document->addResource(QTextDocument::ImageResource, QUrl(image.source),
+                              QIcon(image.source).pixmap(image.size * zoom));
+    }
 }
 
 } // namespace
@@ -59,8 +100,12 @@ SvgView::SvgView(const QString &resource, QWidget *parent)
     setSizePolicy(policy);
 }
 
-QSize SvgView::sizeHint() const {
+QSize SvgView::designSize() const {
     return renderer_->defaultSize();
+}
+
+QSize SvgView::sizeHint() const {
+    return Zoom::on(this).size(renderer_->defaultSize());
 }
 
 int SvgView::heightForWidth(int width) const {
@@ -104,46 +149,52 @@ void RichTextView::setWordWrap(bool wrap) {
 
 QTextDocument *RichTextView::document() const {
     if (!document_)
-        document_ = sharedDocument(html_, font());
+        document_ = sharedDocument(html_, Zoom::designFont(this));
     return document_.get();
 }
 
 int RichTextView::heightForWidth(int width) const {
     if (html_.isEmpty())
         return 0;
+    const double zoom = Zoom::factorOf(this);
     QTextDocument *doc = document();
-    doc->setTextWidth(width);
-    return qCeil(doc->size().height());
+    doc->setTextWidth(width / zoom);
+    return qCeil(doc->size().height() * zoom);
 }
 
 QSize RichTextView::sizeHint() const {
     if (html_.isEmpty())
         return {0, 0};
+    const double zoom = Zoom::factorOf(this);
     QTextDocument *doc = document();
     if (!wrap_) {
         doc->setTextWidth(-1);
-        return doc->size().toSize();
+        return {qCeil(doc->size().width() * zoom), qCeil(doc->size().height() * zoom)};
     }
-    const int width = qBound(kMinimumTextWidth, qCeil(doc->idealWidth()), 640);
+    const int width = qCeil(qBound(kMinimumTextWidth, qCeil(doc->idealWidth()), 640) * zoom);
     return {width, heightForWidth(width)};
 }
 
 QSize RichTextView::minimumSizeHint() const {
     if (!wrap_)
         return sizeHint();
-    return {kMinimumTextWidth, 0};
+    return {qCeil(kMinimumTextWidth * Zoom::factorOf(this)), 0};
 }
 
 void RichTextView::paintEvent(QPaintEvent *) {
     if (html_.isEmpty())
         return;
+    const double zoom = Zoom::factorOf(this);
     QTextDocument *doc = document();
-    doc->setTextWidth(wrap_ ? width() : -1);
+    doc->setTextWidth(wrap_ ? width() / zoom : -1);
+    drawImagesAt(doc, zoom);
     QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.scale(zoom, zoom);
     QAbstractTextDocumentLayout::PaintContext context;
     context.palette = palette();
     context.palette.setColor(QPalette::Text, palette().color(QPalette::WindowText));
-    context.clip = rect();
+    context.clip = QRectF(0, 0, width() / zoom, height() / zoom);
     doc->documentLayout()->draw(&painter, context);
 }
 
@@ -167,8 +218,20 @@ Picture::Picture(QWidget *parent)
     setPalette(p);
 
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(8, 6, 8, 6);
     layout->addWidget(text_);
+    updateMargins();
+}
+
+void Picture::changeEvent(QEvent *e) {
+    // Every change of the zoom changes the font.
+    if (e->type() == QEvent::FontChange)
+        updateMargins();
+    QFrame::changeEvent(e);
+}
+
+void Picture::updateMargins() {
+    const Zoom &zoom = Zoom::on(this);
+    layout()->setContentsMargins(zoom.px(8), zoom.px(6), zoom.px(8), zoom.px(6));
 }
 
 Picture::Picture(const QString &html, QWidget *parent)

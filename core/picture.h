@@ -9,12 +9,15 @@
 class QSvgRenderer;
 class QTextDocument;
 
-// An SVG drawing scaled to the space it is given, keeping its proportions. Drawings are parsed
-// once per programme run and shared by every screen that shows them.
+// An SVG drawing scaled to the space it is given, keeping its proportions, drawn afresh from its
+// vectors at every size. Drawings are parsed once per programme run and shared by every screen
+// that shows them.
 class SvgView : public QWidget {
     Q_OBJECT
 public:
     explicit SvgView(const QString &resource, QWidget *parent = nullptr);
+    // The drawing's own size, in design units.
+    QSize designSize() const;
     QSize sizeHint() const override;
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override;
@@ -26,8 +29,11 @@ private:
     QSvgRenderer *renderer_;
 };
 
-// Rich text drawn from a laid-out document. Documents are kept per text and font for the whole
-// run, so a page that is opened again does not parse and lay out its texts again.
+// Rich text drawn from a laid-out document. The document is laid out at the design size, in the
+// widget's design font, and drawn enlarged by the window's zoom, so that it keeps its lines at
+// every zoom; its images are drawn afresh at the zoomed size. Documents are kept per text and
+// font for the whole run, so a page that is opened again, or at another zoom, does not parse and
+// lay out its texts again.
 class RichTextView : public QWidget {
     Q_OBJECT
 public:
@@ -54,7 +60,8 @@ private:
 };
 
 // A framed picture of the pages: rich text, with a drawing where the picture has one. Its text is
-// also its accessible name, so a screen reader reads what the pupil sees.
+// also its accessible name, so a screen reader reads what the pupil sees. Its margins follow the
+// window's zoom.
 class Picture : public QFrame {
     Q_OBJECT
 public:
@@ -67,8 +74,12 @@ public:
     const QString &html() const;
     QString plainText() const;
 
+protected:
+    void changeEvent(QEvent *e) override;
+
 private:
     void updateAccessibleName();
+    void updateMargins();
 
     RichTextView *text_;
     SvgView *drawing_ = nullptr;

@@ -8,6 +8,13 @@
 // The screen layer: one default instance per screen, shown and unloaded in the order each handler
 // gives. The programme ends when no screen is loaded once the running handler has returned, or at
 // once through endProgramme().
+//
+// The layer also places the windows. A screen that takes the place of another (">>", "<<", the
+// page overview, the control centre to a page, page 10 to the final test, the final test to the
+// end page and back) takes over that screen's position, size and window state: normal, maximised
+// or full screen. A screen opened over a page (information screens, grade scale, display modes)
+// opens centred over that page at the page's zoom. The first window opens centred on the screen
+// at four fifths of its height.
 class Screens {
 public:
     using Factory = std::function<Form *()>;
@@ -33,6 +40,13 @@ public:
 
     // Called when the window system activates one of the screens.
     static void activated(Form *form);
+
+    // Builds the screens the active page names as likely next ones, while the pupil reads; a
+    // show then takes the prepared instance instead of building one. Runs by itself a moment
+    // after a page has become active; a test or the benchmark may call it at once.
+    static void prepareLikelyNext();
+    // Whether an instance of the screen is prepared (built, not loaded).
+    static bool prepared(ScreenId id);
 
     // Ends the programme at once: every screen closes, no further handler runs.
     static void endProgramme();

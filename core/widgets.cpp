@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets.h"
 
+#include "form.h"
 #include "theme.h"
+#include "zoom.h"
 
 #include <QAbstractButton>
 #include <QHash>
 #include <QIcon>
 #include <QLabel>
-#include <QMainWindow>
 #include <QPushButton>
 
 void setFormNames(std::initializer_list<std::pair<QObject *, const char *>> controls) {
@@ -15,22 +16,17 @@ void setFormNames(std::initializer_list<std::pair<QObject *, const char *>> cont
         control->setObjectName(QString::fromUtf8(name));
 }
 
-QWidget *tintedCentralWidget(QMainWindow *window) {
-    auto *central = new QWidget(window);
-    central->setAutoFillBackground(true);
-    QPalette background = central->palette();
+QWidget *tintedPage(Form *form) {
+    // The window's own background is the page's: it fills the band around the page too.
+    QPalette background = form->palette();
     background.setColor(QPalette::Window, Theme::kScreenBackground);
-    central->setPalette(background);
-    window->setCentralWidget(central);
-    return central;
+    form->setPalette(background);
+    return form->page();
 }
 
-QLabel *headingLabel(const QString &text, int pointSize, QWidget *parent) {
+QLabel *headingLabel(const QString &text, double relativeSize, QWidget *parent) {
     auto *label = new QLabel(text, parent);
-    QFont font = label->font();
-    font.setPointSize(pointSize);
-    font.setBold(true);
-    label->setFont(font);
+    Zoom::on(parent).setFont(label, relativeSize, true);
     QPalette palette = label->palette();
     palette.setColor(QPalette::WindowText, Theme::kHeading);
     label->setPalette(palette);
@@ -46,8 +42,9 @@ QPushButton *pictureButton(const QString &icon, const QString &name, QWidget *pa
         shared = QIcon(icon);
     auto *button = new QPushButton(parent);
     button->setIcon(shared);
-    button->setIconSize(QSize(iconSize, iconSize));
-    button->setMinimumSize(iconSize + 30, iconSize + 16);
+    Zoom &zoom = Zoom::on(parent);
+    zoom.setIconSize(button, iconSize);
+    zoom.setMinimumSize(button, QSize(iconSize + 30, iconSize + 16));
     button->setAccessibleName(name);
     button->setToolTip(name);
     return button;
@@ -56,6 +53,12 @@ QPushButton *pictureButton(const QString &icon, const QString &name, QWidget *pa
 void setBackColour(QWidget *w, const QColor &colour) {
     QPalette p = w->palette();
     p.setColor(QPalette::Button, colour);
+    w->setPalette(p);
+}
+
+void setTextColour(QWidget *w, const QColor &colour) {
+    QPalette p = w->palette();
+    p.setColor(QPalette::WindowText, colour);
     w->setPalette(p);
 }
 

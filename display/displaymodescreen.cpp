@@ -6,6 +6,7 @@
 #include "screens.h"
 #include "theme.h"
 #include "widgets.h"
+#include "zoom.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -63,10 +64,10 @@ DisplayModeScreen::DisplayModeScreen(QWidget *parent)
     : Form(ScreenId::DisplayMode, parent) {
     setWindowTitle(Theme::windowCaption(Theme::kDisplayModeCaptionBlanks,
                                         QStringLiteral("Bildschirmauflösung")));
-    resize(680, 460);
+    setDesignSize({680, 460});
 
-    auto *central = new QWidget(this);
-    setCentralWidget(central);
+    QWidget *central = page();
+    Zoom &z = zoom();
 
     introLabel = wrappedLabel(
         QStringLiteral("Wenn dir die Bildschirmanzeige zu groß oder zu klein ist, solltest du "
@@ -75,26 +76,24 @@ DisplayModeScreen::DisplayModeScreen(QWidget *parent)
         central);
 
     listHeading = new QLabel(QStringLiteral("Bildschirmauflösung"), central);
-    QFont bold = listHeading->font();
-    bold.setBold(true);
-    listHeading->setFont(bold);
+    z.setBold(listHeading);
 
     modeList = new QListWidget(central);
     modeList->setSortingEnabled(false);
     modeList->setSelectionMode(QAbstractItemView::SingleSelection);
     modeList->setAccessibleName(QStringLiteral("Bildschirmauflösung"));
-    modeList->setMinimumWidth(170);
+    z.setMinimumWidth(modeList, 170);
     listHeading->setBuddy(modeList);
 
     changeButton = new QPushButton(QStringLiteral("Auflösung ändern"), central);
-    changeButton->setMinimumHeight(34);
+    z.setMinimumHeight(changeButton, 34);
     // Nothing is chosen yet, so there is nothing to change to.
     changeButton->setEnabled(false);
 
     monitorsArt = new SvgView(QStringLiteral(":/display-monitors.svg"), central);
     monitorsArt->setAccessibleName(QStringLiteral(
         "Zwei Bildschirme: eine hohe Auflösung zeigt kleine Schrift, eine niedrige große Schrift"));
-    monitorsArt->setMinimumSize(320, 136);
+    z.setMinimumSize(monitorsArt, {320, 136});
     smallFontLabel = new QLabel(QStringLiteral("Kleine Schrift"), central);
     smallFontLabel->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     largeFontLabel = new QLabel(QStringLiteral("Große Schrift"), central);
@@ -110,30 +109,30 @@ DisplayModeScreen::DisplayModeScreen(QWidget *parent)
         pictureButton(QStringLiteral(":/display-close.svg"), QStringLiteral("Schließen"), central);
 
     auto *left = new QVBoxLayout;
-    left->setSpacing(6);
+    z.setSpacing(left, 6);
     left->addWidget(listHeading);
     left->addWidget(modeList, 1);
-    left->addSpacing(4);
+    z.addSpacing(left, 4);
     left->addWidget(changeButton);
 
     auto *right = new QGridLayout;
-    right->setVerticalSpacing(2);
+    z.follow(right, [right](const Zoom &zz) { right->setVerticalSpacing(zz.px(2)); });
     right->addWidget(monitorsArt, 0, 0, 1, 2);
     right->addWidget(smallFontLabel, 1, 0);
     right->addWidget(largeFontLabel, 1, 1);
-    right->setRowMinimumHeight(2, 18);
+    z.setRowMinimumHeight(right, 2, 18);
     right->addWidget(adviceLabel, 3, 0, 1, 2);
     right->setRowStretch(4, 1);
     right->addWidget(closeButton, 5, 1, Qt::AlignRight | Qt::AlignBottom);
 
     auto *middle = new QHBoxLayout;
-    middle->setSpacing(24);
+    z.setSpacing(middle, 24);
     middle->addLayout(left, 2);
     middle->addLayout(right, 3);
 
     auto *layout = new QVBoxLayout(central);
-    layout->setContentsMargins(20, 16, 20, 16);
-    layout->setSpacing(14);
+    z.setMargins(layout, 20, 16, 20, 16);
+    z.setSpacing(layout, 14);
     layout->addWidget(introLabel);
     layout->addLayout(middle, 1);
 

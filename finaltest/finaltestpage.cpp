@@ -13,6 +13,7 @@
 #include "textfiles.h"
 #include "theme.h"
 #include "widgets.h"
+#include "zoom.h"
 
 #include <QAction>
 #include <QGridLayout>
@@ -51,11 +52,9 @@ constexpr BlankRuns kCaptionRuns{.line = 2, .paragraph = 40};
 QLabel *scoreLabel(const QString &caption, QWidget *parent, bool number = false) {
     auto *label = new QLabel(caption, parent);
     if (number) {
-        QFont f = label->font();
-        f.setBold(true);
-        f.setPointSize(f.pointSize() + 2);
-        label->setFont(f);
-        label->setMinimumWidth(24);
+        Zoom &zoom = Zoom::on(parent);
+        zoom.setFont(label, 1.2, true);
+        zoom.setMinimumWidth(label, 24);
         label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     }
     return label;
@@ -78,11 +77,6 @@ void keepPlaceWhenHidden(QWidget *w) {
     w->setSizePolicy(policy);
 }
 
-QString verdictStyle(bool right) {
-    return QStringLiteral("color: %1; font-weight: bold;")
-        .arg(Theme::cssColour(right ? Theme::kRight : Theme::kWrong));
-}
-
 } // namespace
 
 FinalTestPage::FinalTestPage(QWidget *parent)
@@ -94,28 +88,28 @@ QGroupBox *FinalTestPage::buildQuestion(int k, QWidget *parent) {
     const TestQuestion &question = kTestQuestions.at(static_cast<std::size_t>(k));
     auto *frame = new QGroupBox(question.frame, parent);
     frame->setObjectName(QStringLiteral("Frame1_%1").arg(k));
+    Zoom &z = zoom();
     auto *grid = new QGridLayout(frame);
-    grid->setContentsMargins(8, 4, 8, 4);
-    grid->setHorizontalSpacing(3);
-    grid->setVerticalSpacing(2);
+    z.setMargins(grid, 8, 4, 8, 4);
+    z.setSpacing(grid, 3, 2);
 
     auto *text = new CaptionLabel(question.text, kCaptionRuns, frame);
     text->setText(questionOnScreen(question.text));
     text->setAccessibleName(questionOnScreen(question.text).remove(QChar(0x00AD)));
     text->setObjectName(QStringLiteral("Label2_%1").arg(k));
     text->setWordWrap(true);
-    text->setFixedWidth(196);
+    z.setFixedWidth(text, 184);
     text->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     questionLabels[static_cast<std::size_t>(k)] = text;
     grid->addWidget(text, 0, 0, 2, 1);
-    grid->setColumnMinimumWidth(1, 6);
+    z.setColumnMinimumWidth(grid, 1, 6);
     // The same columns in every frame, so the options of all questions line up.
     for (int column : {2, 6})
-        grid->setColumnMinimumWidth(column, 196);
+        z.setColumnMinimumWidth(grid, column, 196);
     for (int column : {3, 7})
-        grid->setColumnMinimumWidth(column, 8);
+        z.setColumnMinimumWidth(grid, column, 8);
     for (int column : {4, 8})
-        grid->setColumnMinimumWidth(column, 50);
+        z.setColumnMinimumWidth(grid, column, 50);
 
     // The four options in two columns; the radio buttons are direct children of the frame, so
     // each frame is an option group of its own.
@@ -128,7 +122,7 @@ QGroupBox *FinalTestPage::buildQuestion(int k, QWidget *parent) {
 
         auto *marker = new QLabel(frame);
         marker->setObjectName(QStringLiteral("Label14_%1").arg(i));
-        marker->setFixedSize(8, 8);
+        z.setFixedSize(marker, {8, 8});
         marker->setAutoFillBackground(true);
         QPalette mark = marker->palette();
         mark.setColor(QPalette::Window, isRightOption(i) ? Theme::kRight : Theme::kWrong);
@@ -139,7 +133,9 @@ QGroupBox *FinalTestPage::buildQuestion(int k, QWidget *parent) {
 
         auto *verdict = new QLabel(verdictCaption(i), frame);
         verdict->setObjectName(QStringLiteral("Label16_%1").arg(i));
-        verdict->setStyleSheet(verdictStyle(verdict->text() == QStringLiteral("Richtig")));
+        setTextColour(verdict,
+                      verdict->text() == QStringLiteral("Richtig") ? Theme::kRight : Theme::kWrong);
+        z.setBold(verdict);
         keepPlaceWhenHidden(verdict);
         verdict->hide();
         verdictLabels[at] = verdict;
@@ -161,25 +157,21 @@ QGroupBox *FinalTestPage::buildQuestion(int k, QWidget *parent) {
 void FinalTestPage::buildControls() {
     setWindowTitle(
         Theme::windowCaption(Theme::kTwoDigitPageCaptionBlanks, QStringLiteral("Seite 11")));
-    resize(800, 600);
 
-    auto *central = new QWidget(this);
-    setCentralWidget(central);
+    QWidget *central = this->page();
+    Zoom &z = zoom();
     buildPageParts(central, {.explanation = explanationHtml(kExplanation, 1),
                              .explanationName = QStringLiteral("Image1"),
                              .overviewLineName = QStringLiteral("Label20")});
     addExplanationTimers(kExplanationMs, QStringLiteral("Label21"));
     auto *page = new QVBoxLayout(central);
-    page->setContentsMargins(12, 6, 12, 8);
-    page->setSpacing(4);
+    z.setMargins(page, 12, 6, 12, 8);
+    z.setSpacing(page, 4);
 
     // Title and score panel.
     auto *top = new QHBoxLayout;
     titleLabel = new QLabel(QStringLiteral("Abschlusstest"), central);
-    QFont titleFont = titleLabel->font();
-    titleFont.setPointSize(16);
-    titleFont.setBold(true);
-    titleLabel->setFont(titleFont);
+    z.setFont(titleLabel, 1.8, true);
     top->addWidget(titleLabel);
     top->addStretch(1);
     questionNumberHeading = scoreLabel(QStringLiteral("Aufgabe"), central);
@@ -195,7 +187,7 @@ void FinalTestPage::buildControls() {
     const auto group = [&](std::initializer_list<QLabel *> labels) {
         for (QLabel *label : labels)
             top->addWidget(label);
-        top->addSpacing(18);
+        z.addSpacing(top, 18);
     };
     group({questionNumberHeading, questionNumberLabel});
     group({scoreHeading, lastScoreLabel, triesOfLabel, triesLabel});
@@ -216,36 +208,35 @@ void FinalTestPage::buildControls() {
 
     // Instruction or grade, hint, and the buttons.
     auto *bottom = new QGridLayout;
-    bottom->setHorizontalSpacing(8);
+    z.follow(bottom, [bottom](const Zoom &zz) { bottom->setHorizontalSpacing(zz.px(8)); });
     instructionLabel = new CaptionLabel(kTestInstruction, kCaptionRuns, central);
     instructionLabel->setFrameShape(QFrame::Box);
-    instructionLabel->setMargin(4);
+    z.setMargin(instructionLabel, 4);
     bottom->addWidget(instructionLabel, 0, 0, 2, 1, Qt::AlignLeft | Qt::AlignBottom);
     auto *result = new QVBoxLayout;
-    result->setSpacing(6);
+    z.setSpacing(result, 6);
     gradeLabel = new QLabel(central);
-    QFont gradeFont = gradeLabel->font();
-    gradeFont.setPointSize(18);
-    gradeFont.setBold(true);
-    gradeLabel->setFont(gradeFont);
-    gradeLabel->setStyleSheet(QStringLiteral("color: %1;").arg(Theme::cssColour(Theme::kResult)));
+    z.setFont(gradeLabel, 2.0, true);
+    setTextColour(gradeLabel, Theme::kResult);
     gradeLabel->hide();
     result->addWidget(gradeLabel);
     printButton = new QPushButton(QStringLiteral("Ausdrucken und Lernprogramm beenden"), central);
-    printButton->setMinimumHeight(40);
+    z.setMinimumHeight(printButton, 40);
     printButton->hide();
     result->addWidget(printButton);
     // Instruction and result share their place: the one goes when the other comes.
     bottom->addLayout(result, 0, 0, 2, 1, Qt::AlignLeft | Qt::AlignBottom);
-    explanationHint->setStyleSheet(
-        QStringLiteral("color: %1;").arg(Theme::cssColour(Theme::kResult)));
-    bottom->addWidget(explanationHint, 0, 1, 1, 1, Qt::AlignRight);
+    setTextColour(explanationHint, Theme::kResult);
+    // Over the buttons, as wide as their row, in two lines where it needs them.
+    explanationHint->setWordWrap(true);
+    explanationHint->setAlignment(Qt::AlignRight | Qt::AlignBottom);
+    bottom->addWidget(explanationHint, 0, 1);
 
     auto *buttons = new QHBoxLayout;
     previousPageButton = new QPushButton(QStringLiteral("<<"), central);
     previousPageButton->setAccessibleName(QStringLiteral("Zurück zu Seite 10 (<<)"));
     previousPageButton->setToolTip(QStringLiteral("Zurück zu Seite 10"));
-    previousPageButton->setMinimumSize(50, 50);
+    z.setMinimumSize(previousPageButton, {50, 50});
     restartTestButton = pictureButton(QStringLiteral(":/button-repeat.svg"),
                                       QStringLiteral("Test neu beginnen"), central);
     gradeButton =
@@ -254,7 +245,7 @@ void FinalTestPage::buildControls() {
                                   QStringLiteral("Weiter zur Schlussseite"), central);
     for (QPushButton *b : {previousPageButton, restartTestButton, gradeButton, endPageButton})
         buttons->addWidget(b);
-    buttons->addSpacing(12);
+    z.addSpacing(buttons, 12);
     buttons->addWidget(endButton);
     bottom->addLayout(buttons, 1, 1, Qt::AlignRight);
     bottom->setColumnStretch(0, 1);

@@ -27,6 +27,7 @@ public:
     void onLoad() override;
     // Form_Activate: the file paths are formed and the page becomes the current page.
     void onActivate() override;
+    QList<ScreenId> likelyNext() const override { return {ScreenId::EndPage, ScreenId::Page10}; }
 
     // Option1_Click: judges, counts and logs a click on option `index` (0..39).
     void onOptionClicked(int index);

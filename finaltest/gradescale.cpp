@@ -8,6 +8,7 @@
 #include "seams.h"
 #include "theme.h"
 #include "widgets.h"
+#include "zoom.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -80,27 +81,25 @@ std::int16_t toInteger16(const QString &text) {
 GradeScaleScreen::GradeScaleScreen(QWidget *parent)
     : Form(ScreenId::GradeScale, parent) {
     setWindowTitle(QStringLiteral("Kelvora - Punktetabelle und Zensierung  "));
-    resize(640, 560);
-    auto *central = new QWidget(this);
-    setCentralWidget(central);
+    setDesignSize({640, 580});
+    QWidget *central = this->page();
+    Zoom &z = zoom();
     auto *page = new QVBoxLayout(central);
-    page->setContentsMargins(16, 12, 16, 12);
-    page->setSpacing(10);
+    z.setMargins(page, 16, 12, 16, 12);
+    z.setSpacing(page, 10);
 
     explanationLabel = new CaptionLabel(kScoringExplanation, kCaptionRuns, central);
     explanationLabel->setWordWrap(true);
     explanationLabel->setFrameShape(QFrame::StyledPanel);
-    explanationLabel->setMargin(8);
+    z.setMargin(explanationLabel, 8);
     page->addWidget(explanationLabel);
 
     scaleHeading = new QLabel(QStringLiteral("Eingestellte Zensurenskala:"), central);
-    QFont bold = scaleHeading->font();
-    bold.setBold(true);
-    scaleHeading->setFont(bold);
+    z.setBold(scaleHeading);
     page->addWidget(scaleHeading);
 
     auto *scale = new QGridLayout;
-    scale->setHorizontalSpacing(8);
+    z.follow(scale, [scale](const Zoom &zz) { scale->setHorizontalSpacing(zz.px(8)); });
     for (int i = 0; i < 5; ++i) {
         const auto at = static_cast<std::size_t>(i);
         thresholdLabels[at] = new QLabel(
@@ -108,7 +107,7 @@ GradeScaleScreen::GradeScaleScreen(QWidget *parent)
         thresholdEdits[at] = new QLineEdit(central);
         thresholdLabels[at]->setObjectName(QStringLiteral("Label2_%1").arg(i));
         thresholdEdits[at]->setObjectName(QStringLiteral("Text2_%1").arg(i));
-        thresholdEdits[at]->setFixedWidth(64);
+        z.setFixedWidth(thresholdEdits[at], 64);
         thresholdEdits[at]->setAccessibleName(thresholdLabels[at]->text());
         thresholdLabels[at]->setBuddy(thresholdEdits[at]);
         okButtons[at] = new QPushButton(QStringLiteral("OK"), central);
@@ -124,13 +123,12 @@ GradeScaleScreen::GradeScaleScreen(QWidget *parent)
     }
 
     auto *hints = new QVBoxLayout;
-    hints->setSpacing(10);
+    z.setSpacing(hints, 10);
     for (std::size_t h = 0; h < hintLabels.size(); ++h) {
         hintLabels[h] =
             new CaptionLabel(h == 0 ? kNonsenseHint : kBlankHint, kCaptionRuns, central);
         hintLabels[h]->setObjectName(QStringLiteral("Label3_%1").arg(h));
-        hintLabels[h]->setStyleSheet(
-            QStringLiteral("color: %1;").arg(Theme::cssColour(Theme::kWrong)));
+        setTextColour(hintLabels[h], Theme::kWrong);
         hintLabels[h]->hide();
         hints->addWidget(hintLabels[h]);
     }
@@ -142,7 +140,7 @@ GradeScaleScreen::GradeScaleScreen(QWidget *parent)
 
     auto *buttons = new QHBoxLayout;
     changeScaleButton = new QPushButton(QStringLiteral("Zensurentabelle ändern"), central);
-    changeScaleButton->setMinimumHeight(40);
+    z.setMinimumHeight(changeScaleButton, 40);
     gradeButton =
         pictureButton(QStringLiteral(":/button-grade.svg"), QStringLiteral("Zensieren"), central);
     buttons->addWidget(changeScaleButton);

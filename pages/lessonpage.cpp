@@ -10,6 +10,7 @@
 #include "textfiles.h"
 #include "theme.h"
 #include "widgets.h"
+#include "zoom.h"
 
 #include <QAction>
 #include <QEvent>
@@ -47,9 +48,7 @@ constexpr int kDrawingMinHeight = 72;
 
 CaptionLabel *heading(const QString &caption, QWidget *parent) {
     auto *label = new CaptionLabel(caption, kHeadingRuns, parent);
-    QFont f = label->font();
-    f.setBold(true);
-    label->setFont(f);
+    Zoom::on(parent).setBold(label);
     label->setAlignment(Qt::AlignRight | Qt::AlignTop);
     return label;
 }
@@ -95,14 +94,12 @@ LessonPage::LessonPage(int page, QWidget *parent)
 void LessonPage::buildControls() {
     setWindowTitle(
         Theme::windowCaption(info_.captionBlanks, QStringLiteral("Seite %1").arg(info_.number)));
-    resize(800, 600);
 
-    auto *central = new QWidget(this);
-    setCentralWidget(central);
+    QWidget *central = page();
+    Zoom &z = zoom();
     auto *grid = new QGridLayout(central);
-    grid->setContentsMargins(14, 10, 14, 10);
-    grid->setHorizontalSpacing(12);
-    grid->setVerticalSpacing(8);
+    z.setMargins(grid, 14, 10, 14, 10);
+    z.setSpacing(grid, 12, 8);
     grid->setColumnStretch(1, 1);
     buildPageParts(central, {.withPointsEntry = true,
                              .explanation = explanationHtml(kExplanation, 2),
@@ -122,16 +119,16 @@ void LessonPage::buildControls() {
         if (!bank.questions[i].drawing.isEmpty()) {
             questionPictures[i]->setDrawing(bank.questions[i].drawing,
                                             bank.questions[i].drawingDescription);
-            // The drawing stands beside the question text, 72 to 110 pixels high, so that
-            // the page still fits a screen of 800 x 600 pixels.
+            // The drawing stands beside the question text, 72 to 110 design units high, so
+            // that the page keeps its design size.
             if (auto *box = qobject_cast<QBoxLayout *>(questionPictures[i]->layout()))
                 box->setDirection(QBoxLayout::LeftToRight);
             if (auto *view = questionPictures[i]->findChild<SvgView *>()) {
-                const QSize full = view->sizeHint();
-                view->setMinimumSize(
-                    full.scaled(QSize(QWIDGETSIZE_MAX, kDrawingMinHeight), Qt::KeepAspectRatio));
-                view->setMaximumSize(
-                    full.scaled(QSize(QWIDGETSIZE_MAX, kDrawingHeight), Qt::KeepAspectRatio));
+                const QSize full = view->designSize();
+                z.setMinimumSize(view, full.scaled(QSize(QWIDGETSIZE_MAX, kDrawingMinHeight),
+                                                   Qt::KeepAspectRatio));
+                z.setMaximumSize(
+                    view, full.scaled(QSize(QWIDGETSIZE_MAX, kDrawingHeight), Qt::KeepAspectRatio));
             }
         }
         questionPictures[i]->setObjectName(QStringLiteral("Image1_%1").arg(i));
@@ -153,15 +150,14 @@ void LessonPage::buildControls() {
     auto *answerRow = new QHBoxLayout;
     answerEdit = new QLineEdit(central);
     answerEdit->setAccessibleName(QStringLiteral("Antwort"));
-    answerEdit->setFixedWidth(56);
+    z.setFixedWidth(answerEdit, 56);
     answerEdit->setAlignment(Qt::AlignCenter);
-    QFont answerFont = answerEdit->font();
-    answerFont.setPointSize(18);
-    answerFont.setBold(true);
-    answerEdit->setFont(answerFont);
+    z.setFont(answerEdit, 2.0, true);
     answerRow->addWidget(answerEdit);
     instructionLabel = new QLabel(
         QStringLiteral(" Antworte mit A, B oder C; du kannst auch a, b oder c eingeben."), central);
+    // Where a zoomed font needs a little more room than the design gave it, a second line.
+    instructionLabel->setWordWrap(true);
     answerRow->addWidget(instructionLabel, 1);
     grid->addLayout(answerRow, 2, 1);
 
@@ -173,15 +169,16 @@ void LessonPage::buildControls() {
     notePalette.setColor(QPalette::Window, Theme::kPaceNote);
     notePalette.setColor(QPalette::WindowText, Theme::kPaceNoteText);
     paceNote->setPalette(notePalette);
-    paceNote->setMargin(6);
+    z.setMargin(paceNote, 6);
     // The note floats in a column kept free for it beside the answer and the remarks, so that
     // showing it does not lay the page out again while the pupil waits for the verdict.
-    grid->setColumnMinimumWidth(2, kPaceNoteWidth);
-    paceNote->setFixedWidth(kPaceNoteWidth);
-    placeOver(central, paceNote, [this](const QRect &, QSize) {
-        const QPoint topLeft(instructionLabel->geometry().right() + 12,
+    z.setColumnMinimumWidth(grid, 2, kPaceNoteWidth);
+    z.setFixedWidth(paceNote, kPaceNoteWidth);
+    placeOver(central, paceNote, [this, &z](const QRect &, QSize) {
+        const QPoint topLeft(instructionLabel->geometry().right() + z.px(12),
                              answerEdit->geometry().top());
-        return QRect(topLeft, QSize(kPaceNoteWidth, paceNote->heightForWidth(kPaceNoteWidth)));
+        const int width = z.px(kPaceNoteWidth);
+        return QRect(topLeft, QSize(width, paceNote->heightForWidth(width)));
     });
     paceNote->hide();
 
@@ -208,7 +205,7 @@ void LessonPage::buildControls() {
     previousPageButton = new QPushButton(QStringLiteral("<<"), central);
     previousPageButton->setAccessibleName(QStringLiteral("Eine Seite zurück (<<)"));
     previousPageButton->setToolTip(QStringLiteral("Eine Seite zurück"));
-    previousPageButton->setMinimumSize(56, 56);
+    z.setMinimumSize(previousPageButton, {56, 56});
     nextQuestionButton = pictureButton(QStringLiteral(":/button-next.svg"),
                                        QStringLiteral("Nächste Frage"), central, 40);
     retryButton = pictureButton(QStringLiteral(":/button-repeat.svg"),
@@ -216,14 +213,11 @@ void LessonPage::buildControls() {
     nextPageButton = new QPushButton(QStringLiteral(">>"), central);
     nextPageButton->setAccessibleName(QStringLiteral("Eine Seite weiter (>>)"));
     nextPageButton->setToolTip(QStringLiteral("Eine Seite weiter"));
-    nextPageButton->setMinimumSize(56, 56);
+    z.setMinimumSize(nextPageButton, {56, 56});
     pointsHeading = new QLabel(QStringLiteral("Punkte:"), central);
     pointsLabel = new QLabel(central);
-    QFont pointsFont = pointsLabel->font();
-    pointsFont.setPointSize(14);
-    pointsFont.setBold(true);
-    pointsLabel->setFont(pointsFont);
-    pointsLabel->setMinimumWidth(110);
+    z.setFont(pointsLabel, 1.55, true);
+    z.setMinimumWidth(pointsLabel, 110);
     buttons->addWidget(previousPageButton);
     buttons->addWidget(nextQuestionButton);
     buttons->addWidget(retryButton);
@@ -231,7 +225,7 @@ void LessonPage::buildControls() {
     buttons->addStretch(1);
     buttons->addWidget(pointsHeading);
     buttons->addWidget(pointsLabel);
-    buttons->addSpacing(16);
+    z.addSpacing(buttons, 16);
     buttons->addWidget(endButton);
     grid->addLayout(buttons, 5, 0, 1, 3);
     setActive(nextQuestionButton, false);

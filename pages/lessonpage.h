@@ -26,6 +26,7 @@ public:
     void onLoad() override;
     // Form_Activate: the page becomes the current page.
     void onActivate() override;
+    QList<ScreenId> likelyNext() const override { return {info_.next, info_.previous}; }
 
     // Command1_Click: the next question, after the last one the next page.
     void nextQuestion();

@@ -5,6 +5,7 @@
 #include "screens.h"
 #include "theme.h"
 #include "widgets.h"
+#include "zoom.h"
 
 #include <QButtonGroup>
 #include <QGroupBox>
@@ -88,7 +89,7 @@ void TopicOption::setReferenceColumn(int x) {
 
 QSize TopicOption::sizeHint() const {
     QSize size = QRadioButton::sizeHint();
-    const int needed = column_ + fontMetrics().horizontalAdvance(reference_) + 4;
+    const int needed = column_ + fontMetrics().horizontalAdvance(reference_) + Zoom::on(this).px(4);
     size.setWidth(qMax(size.width(), needed));
     return size;
 }
@@ -108,7 +109,7 @@ void TopicOption::paintEvent(QPaintEvent *) {
 
 bool TopicOption::hitButton(const QPoint &pos) const {
     // The whole line up to the end of the page reference chooses the topic.
-    const int end = column_ + fontMetrics().horizontalAdvance(reference_) + 4;
+    const int end = column_ + fontMetrics().horizontalAdvance(reference_) + Zoom::on(this).px(4);
     return QRect(0, 0, end, height()).contains(pos) || QRadioButton::hitButton(pos);
 }
 
@@ -140,58 +141,55 @@ ControlCentre::ControlCentre(QWidget *parent)
     : Form(ScreenId::ControlCentre, parent) {
     setWindowTitle(
         Theme::windowCaption(Theme::kControlCentreCaptionBlanks, QStringLiteral("Steuerzentrum")));
-    resize(800, 600);
 
-    QWidget *central = tintedCentralWidget(this);
+    QWidget *central = tintedPage(this);
+    Zoom &z = zoom();
 
-    titleLabel = headingLabel(QStringLiteral("Wo möchtest du starten?"), 20, central);
+    titleLabel = headingLabel(QStringLiteral("Wo möchtest du starten?"), 2.2, central);
 
     instructionPicture = new Picture(kInstruction, central);
-    QFont pictureFont = instructionPicture->font();
-    pictureFont.setPointSize(11);
-    instructionPicture->setFont(pictureFont);
+    z.setFont(instructionPicture, 1.2);
     instructionPicture->setFrameStyle(QFrame::Box | QFrame::Plain);
 
     startButton = new QPushButton(QStringLiteral("Lernprogramm-Start"), central);
-    QFont buttonFont = startButton->font();
-    buttonFont.setPointSize(12);
-    buttonFont.setBold(true);
-    startButton->setFont(buttonFont);
-    startButton->setMinimumSize(200, 48);
+    z.setFont(startButton, 1.33, true);
+    z.setMinimumSize(startButton, {200, 48});
     setBackColour(startButton, Theme::activeButton());
 
     topicFrame = new QGroupBox(QStringLiteral("Kelvora"), central);
-    QFont frameFont = topicFrame->font();
-    frameFont.setPointSize(11);
-    topicFrame->setFont(frameFont);
+    z.setFont(topicFrame, 1.2);
     auto *options = new QVBoxLayout(topicFrame);
-    options->setContentsMargins(24, 14, 24, 14);
-    options->setSpacing(6);
+    z.setMargins(options, 24, 14, 24, 14);
+    z.setSpacing(options, 4);
     topicGroup_ = new QButtonGroup(this);
-    int column = 0;
     for (std::size_t i = 0; i < topics.size(); ++i) {
         const int index = static_cast<int>(i);
         topics[i] = new TopicOption(topicCaption(index), topicFrame);
         topics[i]->setObjectName(QStringLiteral("Option1_%1").arg(index));
         topicGroup_->addButton(topics[i], index);
         options->addWidget(topics[i]);
-        column = qMax(column, topics[i]->naturalReferenceColumn());
         connect(topics[i], &QAbstractButton::toggled, this, [this, index](bool selected) {
             if (selected)
                 openTopic(index);
         });
     }
-    for (TopicOption *option : topics)
-        option->setReferenceColumn(column);
+    // The page references line up in one column, wherever the zoomed font puts the longest topic.
+    z.follow(topicFrame, [this](const Zoom &) {
+        int column = 0;
+        for (TopicOption *option : topics)
+            column = qMax(column, option->naturalReferenceColumn());
+        for (TopicOption *option : topics)
+            option->setReferenceColumn(column);
+    });
 
     emptyLabel = new QLabel(central);
 
     auto *layout = new QVBoxLayout(central);
-    layout->setContentsMargins(32, 20, 32, 16);
-    layout->setSpacing(14);
+    z.setMargins(layout, 32, 20, 32, 16);
+    z.setSpacing(layout, 14);
     layout->addWidget(titleLabel);
     auto *startRow = new QHBoxLayout;
-    startRow->setSpacing(20);
+    z.setSpacing(startRow, 20);
     startRow->addWidget(instructionPicture, 1);
     startRow->addWidget(startButton, 0, Qt::AlignVCenter);
     layout->addLayout(startRow);

@@ -50,6 +50,7 @@ public:
 
     // Form_Activate: no topic is chosen on arrival.
     void onActivate() override;
+    QList<ScreenId> likelyNext() const override { return {ScreenId::Page1}; }
     // Option1_Click: opens the page of the chosen topic.
     void openTopic(int index);
     // Command2_Click, "Lernprogramm-Start".

@@ -7,6 +7,7 @@
 #include "seams.h"
 #include "textfiles.h"
 #include "widgets.h"
+#include "zoom.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -16,20 +17,17 @@
 EndPage::EndPage(QWidget *parent)
     : Form(ScreenId::EndPage, parent) {
     setWindowTitle(QStringLiteral("Kelvora"));
-    resize(800, 600);
 
-    QWidget *central = tintedCentralWidget(this);
+    QWidget *central = tintedPage(this);
+    Zoom &z = zoom();
 
-    titleLabel = headingLabel(QStringLiteral("Kelvora"), 36, central);
+    titleLabel = headingLabel(QStringLiteral("Kelvora"), 4.0, central);
     titleLabel->setAlignment(Qt::AlignCenter);
 
     endPicture = new Picture(QStringLiteral("<p align='center' style='margin:4px'>"
                                             "Ende des Lernprogramms</p>"),
                              central);
-    QFont pictureFont = endPicture->font();
-    pictureFont.setPointSize(22);
-    pictureFont.setBold(true);
-    endPicture->setFont(pictureFont);
+    z.setFont(endPicture, 2.45, true);
     endPicture->setWordWrap(false);
     endPicture->setFrameStyle(QFrame::Box | QFrame::Plain);
     endPicture->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
@@ -44,26 +42,24 @@ EndPage::EndPage(QWidget *parent)
     backButton = new QPushButton(QStringLiteral("Zurück"), central);
     quitButton = new QPushButton(QStringLiteral("Ende"), central);
     for (QPushButton *button : {backButton, quitButton}) {
-        QFont f = button->font();
-        f.setPointSize(12);
-        button->setFont(f);
-        button->setMinimumSize(140, 44);
+        z.setFont(button, 1.33);
+        z.setMinimumSize(button, {140, 44});
     }
 
     auto *layout = new QVBoxLayout(central);
-    layout->setContentsMargins(32, 20, 32, 24);
-    layout->setSpacing(16);
+    z.setMargins(layout, 32, 20, 32, 24);
+    z.setSpacing(layout, 16);
     layout->addWidget(titleLabel);
     layout->addWidget(endPicture, 0, Qt::AlignHCenter);
     auto *art = new QHBoxLayout;
-    art->setSpacing(32);
+    z.setSpacing(art, 32);
     art->addWidget(diplomaArt, 1);
     art->addWidget(circuitArt, 1);
     layout->addLayout(art, 1);
     auto *buttons = new QHBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(backButton);
-    buttons->addSpacing(40);
+    z.addSpacing(buttons, 40);
     buttons->addWidget(quitButton);
     buttons->addStretch(1);
     layout->addLayout(buttons);

@@ -16,6 +16,7 @@ public:
 
     // Form_Activate: the second picture appears.
     void onActivate() override;
+    QList<ScreenId> likelyNext() const override { return {ScreenId::FinalTest}; }
     // Command1_Click, "Zurück".
     void backToFinalTest();
     // Command3_Click, "Ende": asks, then ends.

@@ -5,6 +5,7 @@
 #include "screens.h"
 #include "theme.h"
 #include "widgets.h"
+#include "zoom.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -41,7 +42,7 @@ QString icon(const char *resource, const char *name) {
 
 // One step of the way of working: what the pupil sees or presses, and what it does.
 QString step(const QString &what, const QString &explanation) {
-    return QStringLiteral("<tr><td align='center' valign='middle' width='90'>%1</td>"
+    return QStringLiteral("<tr><td align='center' valign='middle' width='104'>%1</td>"
                           "<td valign='middle'>%2</td></tr>")
         .arg(what, explanation);
 }
@@ -127,14 +128,13 @@ InfoScreen::InfoScreen(ScreenId id, QWidget *parent)
     : Form(id, parent) {
     const InfoLayout info = layoutOf(id);
     setWindowTitle(Theme::windowCaption(info.blanks, QString::fromUtf8(info.title)));
-    resize(info.size);
+    setDesignSize(info.size);
 
-    QWidget *central = tintedCentralWidget(this);
+    QWidget *central = tintedPage(this);
+    Zoom &z = zoom();
 
     picture = new Picture(info.text(), central);
-    QFont pictureFont = picture->font();
-    pictureFont.setPointSize(11);
-    picture->setFont(pictureFont);
+    z.setFont(picture, 1.2);
     picture->setFrameStyle(QFrame::Box | QFrame::Plain);
     if (id == ScreenId::Author)
         picture->setDrawing(QStringLiteral(":/title.svg"),
@@ -146,17 +146,13 @@ InfoScreen::InfoScreen(ScreenId id, QWidget *parent)
     closeButton->setDefault(true);
 
     auto *layout = new QVBoxLayout(central);
-    layout->setContentsMargins(16, 16, 16, 12);
-    layout->setSpacing(10);
+    z.setMargins(layout, 16, 16, 16, 12);
+    z.setSpacing(layout, 10);
     layout->addWidget(picture, 1);
     layout->addWidget(closeButton, 0, Qt::AlignRight);
 
     setFormNames({{picture, "Image1"}, {closeButton, "Command1"}});
     connect(closeButton, &QPushButton::clicked, this, &InfoScreen::closeScreen);
-
-    // The screen opens over the page it was chosen from.
-    if (const Form *page = Screens::activeScreen())
-        move(page->geometry().center() - rect().center());
 }
 
 void InfoScreen::closeScreen() {

@@ -7,6 +7,7 @@
 #include "textfiles.h"
 #include "theme.h"
 #include "widgets.h"
+#include "zoom.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -19,32 +20,30 @@
 StartScreen::StartScreen(QWidget *parent)
     : Form(ScreenId::Start, parent) {
     setWindowTitle(QStringLiteral("Kelvora"));
-    resize(800, 600);
 
-    QWidget *central = tintedCentralWidget(this);
+    QWidget *central = tintedPage(this);
+    Zoom &z = zoom();
 
     titleFrame = new QFrame(central);
     titleFrame->setFrameShape(QFrame::Box);
-    titleFrame->setLineWidth(3);
+    z.setLineWidth(titleFrame, 3);
     QPalette framePalette = titleFrame->palette();
     framePalette.setColor(QPalette::WindowText, Theme::kTitleFrame);
     titleFrame->setPalette(framePalette);
 
     auto *outer = new QVBoxLayout(central);
-    outer->setContentsMargins(24, 24, 24, 24);
+    z.setMargins(outer, 24);
     outer->addWidget(titleFrame);
     auto *layout = new QVBoxLayout(titleFrame);
-    layout->setContentsMargins(28, 20, 28, 24);
-    layout->setSpacing(14);
+    z.setMargins(layout, 28, 20, 28, 24);
+    z.setSpacing(layout, 14);
 
-    titleLabel = headingLabel(QStringLiteral("Kelvora"), 40, titleFrame);
+    titleLabel = headingLabel(QStringLiteral("Kelvora"), 4.4, titleFrame);
     titleLabel->setAlignment(Qt::AlignCenter);
 
     subtitleLabel = new QLabel(QStringLiteral("Ein Lernprogramm zum selbständigen Lernen und Üben"),
                                titleFrame);
-    QFont subtitleFont = subtitleLabel->font();
-    subtitleFont.setPointSize(15);
-    subtitleLabel->setFont(subtitleFont);
+    z.setFont(subtitleLabel, 1.65);
     subtitleLabel->setAlignment(Qt::AlignCenter);
 
     titleArt = new SvgView(QStringLiteral(":/title.svg"), titleFrame);
@@ -58,10 +57,8 @@ StartScreen::StartScreen(QWidget *parent)
     spareArt->hide();
 
     continueButton = new QPushButton(QStringLiteral("Weiter"), titleFrame);
-    continueButton->setMinimumSize(160, 44);
-    QFont buttonFont = continueButton->font();
-    buttonFont.setPointSize(13);
-    continueButton->setFont(buttonFont);
+    z.setMinimumSize(continueButton, {160, 44});
+    z.setFont(continueButton, 1.45);
     continueButton->setDefault(true);
 
     layout->addWidget(titleLabel);
