@@ -116,7 +116,10 @@ void Form::requestZoom() {
     if (zoomPending_ || zooming_)
         return;
     zoomPending_ = true;
-    QCoreApplication::postEvent(this, new QEvent(kZoomRequest));
+    // A hidden screen is zoomed when it is shown; until then the screen layer zooms it for the
+    // window it is being prepared for.
+    if (isVisible())
+        QCoreApplication::postEvent(this, new QEvent(kZoomRequest));
 }
 
 void Form::applyZoom() {

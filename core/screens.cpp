@@ -175,11 +175,12 @@ bool prepareOne() {
     for (ScreenId id : likely) {
         if (l.loaded.contains(id) || l.spares.contains(id) || !l.factories.value(id))
             continue;
+        // Laid out for the window it will take over; its place and state, and with them its
+        // window in the window system, it gets when shown.
         Form *spare = l.factories.value(id)();
         l.spares.insert(id, spare);
-        placeWindow(spare);
+        spare->zoomFor(page->size());
         spare->layOutNow();
-        spare->winId();
         return true;
     }
     return false;

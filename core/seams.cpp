@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "seams.h"
 
+#include "screens.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QMessageBox>
@@ -40,7 +42,11 @@ void setClock(std::function<QDateTime()> clock) {
 }
 
 bool askYesNoWithMessageBox(const QString &text, const QString &title) {
-    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No);
+    // Centred over the screen that asks, in the size of its page's font.
+    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No,
+                    Screens::activeScreen());
+    if (box.parentWidget())
+        box.setFont(box.parentWidget()->font());
     box.setDefaultButton(QMessageBox::No);
     box.setEscapeButton(QMessageBox::No);
     return box.exec() == QMessageBox::Yes;
@@ -58,7 +64,7 @@ void failProgramme(const QString &systemErrorText) {
     if (failureOverride) {
         failureOverride(systemErrorText);
     } else {
-        QMessageBox::critical(nullptr, QStringLiteral("Kelvora"), systemErrorText);
+        QMessageBox::critical(Screens::activeScreen(), QStringLiteral("Kelvora"), systemErrorText);
     }
     // Nothing of the programme runs after a failure.
     std::exit(EXIT_FAILURE);

@@ -6,11 +6,14 @@
 #include "captionlabel.h"
 #include "controlcentre.h"
 #include "displaymodescreen.h"
+#include "endpage.h"
 #include "finaltestpage.h"
 #include "lessonpage.h"
 #include "picture.h"
 #include "screens.h"
+#include "seams.h"
 #include "shell.h"
+#include "startscreen.h"
 #include "testsupport.h"
 #include "zoom.h"
 
@@ -21,10 +24,13 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QStyleOptionButton>
 #include <QTest>
+#include <QTimer>
 
 #include <cmath>
 
@@ -191,6 +197,14 @@ private Q_SLOTS:
 
     void everyScreenFits_data();
     void everyScreenFits();
+    void firstWindow();
+    void windowCarriedAcross_data();
+    void windowCarriedAcross();
+    void overAPage_data();
+    void overAPage();
+    void questionOverThePage();
+    void fullScreenKey_data();
+    void fullScreenKey();
 };
 
 void TestZoom::everyScreenFits_data() {
@@ -269,6 +283,289 @@ void TestZoom::everyScreenFits() {
         check(u"graded"_s);
     }
     QVERIFY2(found.isEmpty(), qPrintable(found.join(u"\n"_s)));
+}
+
+// The first window: centred on the screen's available area, the 4:3 page at four fifths of its
+// height; a page opened from the start-position file at once takes that place.
+void TestZoom::firstWindow() {
+    TestProgramme programme;
+    programme.write(u"StartQelB.txt"_s, "\"3\"\r\n");
+    Screens::show(ScreenId::Start);
+    settle();
+    Form *page = Screens::loaded(ScreenId::Page3);
+    QVERIFY(page && !Screens::loaded(ScreenId::Start));
+    const QRect available = page->screen()->availableGeometry();
+    QVERIFY(available.height() > 600); // the test's screen is 1920 x 1080
+    QVERIFY2(std::abs(page->height() - 0.8 * available.height()) <= 2,
+             qPrintable(QString::number(page->height())));
+    QVERIFY(std::abs(page->width() * 3 - page->height() * 4) <= 4);
+    QVERIFY(available.contains(page->frameGeometry()));
+    QVERIFY(std::abs(page->frameGeometry().center().x() - available.center().x()) <= 2);
+    // The frame's height is only known once it is there: centred as far as it was foreseen.
+    QVERIFY(std::abs(page->frameGeometry().center().y() - available.center().y()) <= 16);
+    QCOMPARE(page->zoom().factor(), page->height() / 600.0);
+    QVERIFY(misfits(page).isEmpty());
+}
+
+namespace {
+
+// Each kind of page change, by the control the pupil uses.
+enum class Change {
+    NextPage,
+    PreviousPage,
+    BackToCentre,
+    OverviewLine,
+    Topic,
+    CourseStart,
+    ToFinalTest,
+    FinalTestBack,
+    ToEndPage,
+    EndPageBack,
+    TestRestart,
+    StartToCentre,
+};
+
+void perform(Change change, Form *from) {
+    auto *lesson = qobject_cast<LessonPage *>(from);
+    auto *test = qobject_cast<FinalTestPage *>(from);
+    switch (change) {
+    case Change::NextPage:
+    case Change::ToFinalTest:
+        QTest::mouseClick(lesson->nextPageButton, Qt::LeftButton);
+        break;
+    case Change::PreviousPage:
+    case Change::BackToCentre:
+        QTest::mouseClick(lesson->previousPageButton, Qt::LeftButton);
+        break;
+    case Change::OverviewLine: {
+        auto *page = qobject_cast<PageBase *>(from);
+        page->openOverview();
+        QTest::mouseClick(page->overviewLines[6], Qt::LeftButton);
+        break;
+    }
+    case Change::Topic:
+        QTest::mouseClick(qobject_cast<ControlCentre *>(from)->topics[4], Qt::LeftButton, {},
+                          QPoint(10, 8));
+        break;
+    case Change::CourseStart:
+        QTest::mouseClick(qobject_cast<ControlCentre *>(from)->startButton, Qt::LeftButton);
+        break;
+    case Change::FinalTestBack:
+        QTest::mouseClick(test->previousPageButton, Qt::LeftButton);
+        break;
+    case Change::ToEndPage:
+        test->toEndPage();
+        break;
+    case Change::EndPageBack:
+        QTest::mouseClick(qobject_cast<EndPage *>(from)->backButton, Qt::LeftButton);
+        break;
+    case Change::TestRestart:
+        test->restartTest();
+        break;
+    case Change::StartToCentre:
+        QTest::mouseClick(qobject_cast<StartScreen *>(from)->continueButton, Qt::LeftButton);
+        break;
+    }
+}
+
+} // namespace
+
+void TestZoom::windowCarriedAcross_data() {
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("change");
+    QTest::addColumn<int>("to");
+    QTest::addColumn<int>("state");
+    QTest::addColumn<bool>("prepared"); // built while the pupil read the page
+    const struct {
+        const char *name;
+        ScreenId from;
+        Change change;
+        ScreenId to;
+    } changes[] = {
+        {">>", ScreenId::Page3, Change::NextPage, ScreenId::Page4},
+        {"<<", ScreenId::Page3, Change::PreviousPage, ScreenId::Page2},
+        {"page 1 <<", ScreenId::Page1, Change::BackToCentre, ScreenId::ControlCentre},
+        {"overview line", ScreenId::Page3, Change::OverviewLine, ScreenId::Page7},
+        {"final test overview line", ScreenId::FinalTest, Change::OverviewLine, ScreenId::Page7},
+        {"topic", ScreenId::ControlCentre, Change::Topic, ScreenId::Page5},
+        {"Lernprogramm-Start", ScreenId::ControlCentre, Change::CourseStart, ScreenId::Page1},
+        {"page 10 >>", ScreenId::Page10, Change::ToFinalTest, ScreenId::FinalTest},
+        {"final test <<", ScreenId::FinalTest, Change::FinalTestBack, ScreenId::Page10},
+        {"to the end page", ScreenId::FinalTest, Change::ToEndPage, ScreenId::EndPage},
+        {"Zurück", ScreenId::EndPage, Change::EndPageBack, ScreenId::FinalTest},
+        {"test restarted", ScreenId::FinalTest, Change::TestRestart, ScreenId::FinalTest},
+        {"Weiter", ScreenId::Start, Change::StartToCentre, ScreenId::ControlCentre},
+    };
+    const struct {
+        const char *name;
+        Qt::WindowStates state;
+    } states[] = {{"normal", Qt::WindowNoState},
+                  {"maximised", Qt::WindowMaximized},
+                  {"full screen", Qt::WindowFullScreen}};
+    for (const auto &c : changes) {
+        for (const auto &s : states) {
+            for (bool prepared : {false, true}) {
+                QTest::addRow("%s %s%s", c.name, s.name, prepared ? " prepared" : "")
+                    << int(c.from) << int(c.change) << int(c.to) << int(s.state) << prepared;
+            }
+        }
+    }
+}
+
+// The screen that comes takes the place, size and state of the one it replaces, zoomed alike;
+// restored, it returns to the geometry the other would have returned to.
+void TestZoom::windowCarriedAcross() {
+    QFETCH(int, from);
+    QFETCH(int, change);
+    QFETCH(int, to);
+    QFETCH(int, state);
+    QFETCH(bool, prepared);
+    TestProgramme programme;
+    Form *before = Screens::show(ScreenId(from));
+    QVERIFY(QTest::qWaitForWindowExposed(before));
+    // A screen prepared while the pupil read the page at another size is zoomed afresh.
+    if (prepared) {
+        Screens::prepareLikelyNext();
+        if (before->likelyNext().contains(ScreenId(to)) && to != from)
+            QVERIFY(Screens::prepared(ScreenId(to)));
+    }
+    const QRect normal(150, 110, 1000, 700);
+    before->setGeometry(normal);
+    before->setWindowState(Qt::WindowStates(state));
+    QTRY_COMPARE(int(before->windowState()), state);
+    settle();
+    if (state)
+        QVERIFY(before->width() > 1800);
+    const QSize size = before->size();
+    const double factor = before->zoom().factor();
+
+    perform(Change(change), before);
+    settle();
+    Form *after = Screens::loaded(ScreenId(to));
+    QVERIFY(after && after != before && !after->isHidden());
+    QCOMPARE(Screens::activeScreen(), after);
+    QTRY_COMPARE(int(after->windowState()), state);
+    QTRY_COMPARE(after->size(), size);
+    QCOMPARE(after->normalGeometry(), normal);
+    QCOMPARE(after->zoom().factor(), factor);
+    const QStringList found = misfits(after);
+    QVERIFY2(found.isEmpty(), qPrintable(found.join(u"\n"_s)));
+
+    // Restored, it has the normal window's place and size.
+    after->setWindowState(Qt::WindowNoState);
+    QTRY_COMPARE(after->geometry(), normal);
+    settle();
+    QCOMPARE(after->zoom().factor(), after->factorFor(normal.size()));
+}
+
+void TestZoom::overAPage_data() {
+    QTest::addColumn<int>("screen");
+    QTest::addColumn<QSize>("page");
+    for (QSize page : {QSize(1280, 960), QSize(700, 525)}) {
+        for (ScreenId id : {ScreenId::WorkingMethod, ScreenId::Author, ScreenId::Requirements,
+                            ScreenId::DisplayMode, ScreenId::GradeScale}) {
+            QTest::addRow("%s over %dx%d", qPrintable(formName(id)), page.width(), page.height())
+                << int(id) << page;
+        }
+    }
+}
+
+// Information screens, the grade scale and the display-mode screen open centred over the page
+// at the page's zoom, as far as the screen has room for them.
+void TestZoom::overAPage() {
+    QFETCH(int, screen);
+    QFETCH(QSize, page);
+    TestProgramme programme;
+    Form *below = Screens::show(ScreenId::Page6);
+    QVERIFY(QTest::qWaitForWindowExposed(below));
+    below->setGeometry(QRect(QPoint(300, 60), page));
+    settle();
+    Form *over = Screens::show(ScreenId(screen));
+    QVERIFY(QTest::qWaitForWindowExposed(over));
+    settle();
+    QVERIFY(Screens::loaded(ScreenId::Page6));
+    const QRect available = over->screen()->availableGeometry();
+    QVERIFY(available.contains(over->frameGeometry()));
+    const double room = std::min(double(available.width()) / over->designSize().width(),
+                                 double(available.height() - 8) / over->designSize().height());
+    QVERIFY2(std::abs(over->zoom().factor() - std::min(below->zoom().factor(), room)) < 0.01,
+             qPrintable(u"%1 over %2"_s.arg(over->zoom().factor()).arg(below->zoom().factor())));
+    // Centred over the page, unless that would reach beyond the screen.
+    QRect centred(QPoint(), over->frameGeometry().size());
+    centred.moveCenter(below->geometry().center());
+    const QPoint offset = over->geometry().center() - below->geometry().center();
+    if (available.contains(centred))
+        QVERIFY2(offset.manhattanLength() <= 2,
+                 qPrintable(u"%1,%2"_s.arg(offset.x()).arg(offset.y())));
+    const QStringList found = misfits(over);
+    QVERIFY2(found.isEmpty(), qPrintable(found.join(u"\n"_s)));
+}
+
+// The end page's question box: centred over the end page, in its page's font.
+void TestZoom::questionOverThePage() {
+    TestProgramme programme;
+    auto *end = Screens::show<EndPage>(ScreenId::EndPage);
+    QVERIFY(QTest::qWaitForWindowExposed(end));
+    end->setGeometry(QRect(200, 100, 1280, 960));
+    settle();
+    Seams::setYesNo({});
+    QPoint offset(1000, 1000);
+    int fontPixels = 0;
+    QTimer::singleShot(0, qApp, [&] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (!box)
+            return;
+        offset = box->geometry().center() - end->geometry().center();
+        fontPixels = QFontInfo(box->font()).pixelSize();
+        box->button(QMessageBox::No)->click();
+    });
+    end->askToEnd();
+    QVERIFY2(offset.manhattanLength() <= 4, qPrintable(u"%1,%2"_s.arg(offset.x()).arg(offset.y())));
+    QCOMPARE(fontPixels, QFontInfo(end->font()).pixelSize());
+    QVERIFY(fontPixels > QFontInfo(QApplication::font()).pixelSize());
+}
+
+void TestZoom::fullScreenKey_data() {
+    QTest::addColumn<int>("state");
+    QTest::addColumn<int>("leave"); // the key that leaves the whole screen
+    QTest::addRow("normal, F11") << int(Qt::WindowNoState) << int(Qt::Key_F11);
+    QTest::addRow("normal, Escape") << int(Qt::WindowNoState) << int(Qt::Key_Escape);
+    QTest::addRow("maximised, F11") << int(Qt::WindowMaximized) << int(Qt::Key_F11);
+    QTest::addRow("maximised, Escape") << int(Qt::WindowMaximized) << int(Qt::Key_Escape);
+}
+
+// F11 shows the page on the whole screen, zoomed to it; F11 or Escape returns to the window as it
+// was. Escape does nothing else to a page that is not full screen.
+void TestZoom::fullScreenKey() {
+    QFETCH(int, state);
+    QFETCH(int, leave);
+    TestProgramme programme;
+    auto *page = Screens::show<LessonPage>(ScreenId::Page2);
+    QVERIFY(QTest::qWaitForWindowExposed(page));
+    const QRect normal(100, 80, 900, 675);
+    page->setGeometry(normal);
+    page->setWindowState(Qt::WindowStates(state));
+    QTRY_COMPARE(int(page->windowState()), state);
+    settle();
+    const QSize size = page->size();
+    page->answerEdit->setFocus();
+    QTest::keyClick(page->answerEdit, Qt::Key_Escape);
+    settle();
+    QCOMPARE(int(page->windowState()), state);
+
+    QTest::keyClick(page->answerEdit, Qt::Key_F11);
+    QTRY_VERIFY(page->windowState() & Qt::WindowFullScreen);
+    QTRY_COMPARE(page->frameGeometry(), page->screen()->geometry());
+    settle();
+    QCOMPARE(page->zoom().factor(), page->factorFor(page->size()));
+    QVERIFY(misfits(page).isEmpty());
+
+    QTest::keyClick(page->answerEdit, Qt::Key(leave));
+    QTRY_COMPARE(int(page->windowState()), state);
+    QTRY_COMPARE(page->size(), size);
+    if (!state)
+        QCOMPARE(page->geometry(), normal);
+    QCOMPARE(page->answerEdit->text(), QString());
 }
 
 QTEST_MAIN(TestZoom)
