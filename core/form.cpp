@@ -6,12 +6,14 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QImage>
 #include <QKeyEvent>
 #include <QLayout>
 #include <QWindow>
 
 #include <array>
 #include <cmath>
+#include <utility>
 
 ScreenId pageScreen(int page) {
     if (page >= 1 && page <= 11)
@@ -37,7 +39,13 @@ namespace {
 // Posted when the window's size changed; several changes before the next frame make one.
 const QEvent::Type kZoomRequest = static_cast<QEvent::Type>(QEvent::registerEventType());
 
+double nextFactor = 1.0;
+
 } // namespace
+
+void Form::buildNextAt(double factor) {
+    nextFactor = factor;
+}
 
 // The window's inside below the menu bar: it holds the page at its zoomed size, centred, and asks
 // for a new zoom whenever its size changes.
@@ -61,9 +69,13 @@ Form::Form(ScreenId id, QWidget *parent)
     , frame_(new PageFrame(this))
     , page_(new QWidget(frame_)) {
     setAttribute(Qt::WA_DeleteOnClose, false);
+    // The screen paints its whole window in its page's colour, the band around the page too.
+    setAutoFillBackground(true);
     setObjectName(formName(id));
     setCentralWidget(frame_);
-    setFont(Zoom::pageFont(1.0));
+    const double factor = std::exchange(nextFactor, 1.0);
+    zoom_->setFactor(factor);
+    setFont(Zoom::pageFont(factor));
     setMinimumSize(designSize_ * Zoom::kSmallest);
 }
 
@@ -112,6 +124,34 @@ void Form::layOutNow() {
     }
 }
 
+bool Form::warm() const {
+    return warmAt_ == zoom_->factor();
+}
+
+void Form::warmUp() {
+    layOutNow();
+    // Drawn piece by piece into one small image: all the work of drawing, glyphs included, and
+    // hardly any memory for it.
+    QImage tile(256, 256, QImage::Format_ARGB32_Premultiplied);
+    const auto draw = [&tile](QWidget *w) {
+        for (int y = 0; y < w->height(); y += tile.height()) {
+            for (int x = 0; x < w->width(); x += tile.width())
+                w->render(&tile, QPoint(), QRegion(x, y, tile.width(), tile.height()));
+        }
+    };
+    // What a shown screen shows has been drawn already.
+    if (!isVisible())
+        draw(this);
+    const auto widgets = findChildren<QWidget *>();
+    for (QWidget *w : widgets) {
+        if (w->isHidden() && !w->isWindow() && w->parentWidget()->isVisibleTo(this))
+            draw(w);
+    }
+    // Drawing the hidden parts asked their parents for a new layout: done here, not when shown.
+    layOutNow();
+    warmAt_ = zoom_->factor();
+}
+
 void Form::requestZoom() {
     if (zoomPending_ || zooming_)
         return;
@@ -127,8 +167,9 @@ void Form::applyZoom() {
         return;
     // A window that is to be maximised or full screen has its final size only once the window
     // system has put it there; until then its size is the one it will have when restored.
-    const bool exposed = windowHandle() && windowHandle()->isExposed();
-    if (!exposed && (windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)))
+    const QWidget *top = window();
+    const bool exposed = top->windowHandle() && top->windowHandle()->isExposed();
+    if (!exposed && (top->windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)))
         return;
     zoomPending_ = false;
     zoomTo(factorFor(size()));
@@ -153,13 +194,12 @@ bool Form::event(QEvent *e) {
         break;
     case QEvent::Show:
         // Drawn for the first time at the right size, not one frame later.
-        if (!watchedWindow_ && windowHandle()) {
-            watchedWindow_ = windowHandle();
+        if (QWindow *handle = window()->windowHandle(); handle && handle != watchedWindow_) {
+            if (watchedWindow_)
+                watchedWindow_->removeEventFilter(this);
+            watchedWindow_ = handle;
             watchedWindow_->installEventFilter(this);
         }
-        applyZoom();
-        break;
-    case QEvent::UpdateRequest:
         applyZoom();
         break;
     default:
@@ -188,13 +228,14 @@ void Form::closeEvent(QCloseEvent *e) {
 void Form::keyPressEvent(QKeyEvent *e) {
     // F11 shows the page on the whole screen and back; Escape leaves the whole screen. Keys that
     // a control of the page uses never arrive here.
+    QWidget *top = window();
     if (e->key() == Qt::Key_F11 && e->modifiers() == Qt::NoModifier) {
-        setWindowState(windowState() ^ Qt::WindowFullScreen);
+        top->setWindowState(top->windowState() ^ Qt::WindowFullScreen);
         return;
     }
     if (e->key() == Qt::Key_Escape && e->modifiers() == Qt::NoModifier &&
-        (windowState() & Qt::WindowFullScreen)) {
-        setWindowState(windowState() & ~Qt::WindowFullScreen);
+        (top->windowState() & Qt::WindowFullScreen)) {
+        top->setWindowState(top->windowState() & ~Qt::WindowFullScreen);
         return;
     }
     QMainWindow::keyPressEvent(e);

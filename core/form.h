@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 
 class Zoom;
 
@@ -52,6 +53,8 @@ class Form : public QMainWindow {
 public:
     explicit Form(ScreenId id, QWidget *parent = nullptr);
     ~Form() override;
+    // The zoom factor the next screen is built at: the screen layer knows the window it is for.
+    static void buildNextAt(double factor);
     ScreenId screenId() const { return id_; }
 
     // Form_Load: runs once, right after the screen layer has created the instance.
@@ -73,6 +76,11 @@ public:
     void zoomFor(QSize windowSize);
     // Lays out every control now, as showing the screen would.
     void layOutNow();
+    // Draws the screen once where nobody sees it, the parts it shows only later (verdicts,
+    // notes, panels) as well, so that showing them costs no first-time work while the pupil
+    // waits: texts laid out, icons and the style's images made at their size. Once per zoom.
+    void warmUp();
+    bool warm() const;
 
 protected:
     void setDesignSize(QSize size);
@@ -95,5 +103,6 @@ private:
     QSize designSize_{800, 600};
     bool zoomPending_ = false;
     bool zooming_ = false;
-    QObject *watchedWindow_ = nullptr;
+    double warmAt_ = 0; // the zoom factor the screen was last drawn unseen at
+    QPointer<QObject> watchedWindow_;
 };

@@ -39,8 +39,8 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *e) override {
-        // A hidden panel is placed when it appears.
-        if ((watched == page_ && e->type() == QEvent::Resize && !panel_->isHidden()) ||
+        // A hidden panel too: where it appears then is where it is, and nothing else is drawn.
+        if ((watched == page_ && e->type() == QEvent::Resize) ||
             (watched == panel_ && e->type() == QEvent::Show))
             apply();
         return false;

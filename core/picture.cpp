@@ -28,54 +28,77 @@ QSvgRenderer *sharedRenderer(const QString &resource) {
     return renderer;
 }
 
-// The images of a document's text, and the zoom they were last drawn for.
+// An image in a text, drawn afresh from its vectors at every zoom.
 struct TextImage {
     QString source;
     QSize size; // in design units
 };
-struct DocumentImages {
+
+} // namespace
+
+// A laid-out text shared by every view that shows it in the same font: its document, and the
+// height its layout gave for each width asked for, so that asking again, as layouts do, lays
+// nothing out again and leaves the document laid out at the width it is drawn at.
+struct SharedText {
+    QTextDocument document;
     QList<TextImage> images;
-    double zoom = 0; // not drawn yet
+    double imageZoom = 0;          // the images not drawn yet
+    QHash<qint64, double> heights; // by width in 1/64 design units
+    QSizeF unwrapped{-1, -1};
+
+    void layOutAt(double width) {
+        if (document.textWidth() != width)
+            document.setTextWidth(width);
+    }
+    double heightAt(double width) {
+        const qint64 key = qRound64(width * 64);
+        const auto found = heights.constFind(key);
+        if (found != heights.constEnd())
+            return *found;
+        layOutAt(width);
+        const double height = document.size().height();
+        heights.insert(key, height);
+        return height;
+    }
+    QSizeF unwrappedSize() {
+        if (unwrapped.width() < 0) {
+            layOutAt(-1);
+            unwrapped = document.size();
+        }
+        return unwrapped;
+    }
+    // Gives the images the resolution at which they are drawn at this zoom.
+    void drawImagesAt(double zoom) {
+        if (images.isEmpty() || imageZoom == zoom)
+            return;
+        imageZoom = zoom;
+        for (const TextImage &image : std::as_const(images)) {
+            document.addResource(QTextDocument::ImageResource, QUrl(image.source),
+                                 QIcon(image.source).pixmap(image.size * zoom));
+        }
+    }
 };
 
-QHash<const QTextDocument *, DocumentImages> &documentImages() {
-    static QHash<const QTextDocument *, DocumentImages> images;
-    return images;
-}
+namespace {
 
-std::shared_ptr<QTextDocument> sharedDocument(const QString &html, const QFont &font) {
-    static QHash<QString, std::shared_ptr<QTextDocument>> documents;
-    std::shared_ptr<QTextDocument> &document = documents[font.key() + QLatin1Char('\n') + html];
-    if (!document) {
-        document = std::make_shared<QTextDocument>();
-        document->setDocumentMargin(0);
-        document->setDefaultFont(font);
-        document->setHtml(html);
-        // Each image as source, width and height, to be drawn afresh from its vectors.
+std::shared_ptr<SharedText> sharedText(const QString &html, const QFont &font) {
+    static QHash<QString, std::shared_ptr<SharedText>> texts;
+    std::shared_ptr<SharedText> &text = texts[font.key() + QLatin1Char('\n') + html];
+    if (!text) {
+        text = std::make_shared<SharedText>();
+        text->document.setDocumentMargin(0);
+        text->document.setDefaultFont(font);
+        text->document.setHtml(html);
+        // Each image as source, width and height.
         static const QRegularExpression image(QStringLiteral(
             R"(<img\s+src=["']([^"']+)["'][^>]*width=["'](\d+)["'][^>]*height=["'](\d+)["'])"));
-        DocumentImages images;
         for (auto it = image.globalMatch(html); it.hasNext();) {
             const QRegularExpressionMatch m = it.next();
-            images.images.append(
+            text->images.append(
                 {m.captured(1), QSize(m.captured(2).toInt(), m.captured(3).toInt())});
         }
-        if (!images.images.isEmpty())
-            documentImages().insert(document.get(), images);
     }
-    return document;
-}
-
-// Gives the document's images the resolution at which they are drawn at this zoom.
-void drawImagesAt(QTextDocument *document, double zoom) {
-    const auto found = documentImages().find(document);
-    if (found == documentImages().end() || found->zoom == zoom)
-        return;
-    found->zoom = zoom;
-    for (const TextImage &image : std::as_const(found->images)) {
-        document->addResource(QTextDocument::ImageResource, QUrl(image.source),
-                              QIcon(image.source).pixmap(image.size * zoom));
-    }
+    return text;
 }
 
 } // namespace
@@ -134,7 +157,7 @@ RichTextView::RichTextView(QWidget *parent)
 
 void RichTextView::setHtml(const QString &html) {
     html_ = html;
-    document_.reset();
+    text_.reset();
     updateGeometry();
     update();
 }
@@ -147,31 +170,27 @@ void RichTextView::setWordWrap(bool wrap) {
     updateGeometry();
 }
 
-QTextDocument *RichTextView::document() const {
-    if (!document_)
-        document_ = sharedDocument(html_, Zoom::designFont(this));
-    return document_.get();
+SharedText *RichTextView::text() const {
+    if (!text_)
+        text_ = sharedText(html_, Zoom::designFont(this));
+    return text_.get();
 }
 
 int RichTextView::heightForWidth(int width) const {
     if (html_.isEmpty())
         return 0;
     const double zoom = Zoom::factorOf(this);
-    QTextDocument *doc = document();
-    doc->setTextWidth(width / zoom);
-    return qCeil(doc->size().height() * zoom);
+    return qCeil(text()->heightAt(width / zoom) * zoom);
 }
 
 QSize RichTextView::sizeHint() const {
     if (html_.isEmpty())
         return {0, 0};
     const double zoom = Zoom::factorOf(this);
-    QTextDocument *doc = document();
-    if (!wrap_) {
-        doc->setTextWidth(-1);
-        return {qCeil(doc->size().width() * zoom), qCeil(doc->size().height() * zoom)};
-    }
-    const int width = qCeil(qBound(kMinimumTextWidth, qCeil(doc->idealWidth()), 640) * zoom);
+    const QSizeF unwrapped = text()->unwrappedSize();
+    if (!wrap_)
+        return {qCeil(unwrapped.width() * zoom), qCeil(unwrapped.height() * zoom)};
+    const int width = qCeil(qBound(kMinimumTextWidth, qCeil(unwrapped.width()), 640) * zoom);
     return {width, heightForWidth(width)};
 }
 
@@ -185,9 +204,9 @@ void RichTextView::paintEvent(QPaintEvent *) {
     if (html_.isEmpty())
         return;
     const double zoom = Zoom::factorOf(this);
-    QTextDocument *doc = document();
-    doc->setTextWidth(wrap_ ? width() / zoom : -1);
-    drawImagesAt(doc, zoom);
+    SharedText *shared = text();
+    shared->layOutAt(wrap_ ? width() / zoom : -1);
+    shared->drawImagesAt(zoom);
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.scale(zoom, zoom);
@@ -195,12 +214,12 @@ void RichTextView::paintEvent(QPaintEvent *) {
     context.palette = palette();
     context.palette.setColor(QPalette::Text, palette().color(QPalette::WindowText));
     context.clip = QRectF(0, 0, width() / zoom, height() / zoom);
-    doc->documentLayout()->draw(&painter, context);
+    shared->document.documentLayout()->draw(&painter, context);
 }
 
 void RichTextView::changeEvent(QEvent *e) {
     if (e->type() == QEvent::FontChange) {
-        document_.reset();
+        text_.reset();
         updateGeometry();
     }
     QWidget::changeEvent(e);

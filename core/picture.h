@@ -7,7 +7,7 @@
 #include <memory>
 
 class QSvgRenderer;
-class QTextDocument;
+struct SharedText;
 
 // An SVG drawing scaled to the space it is given, keeping its proportions, drawn afresh from its
 // vectors at every size. Drawings are parsed once per programme run and shared by every screen
@@ -52,11 +52,11 @@ protected:
     void changeEvent(QEvent *e) override;
 
 private:
-    QTextDocument *document() const;
+    SharedText *text() const;
 
     QString html_;
     bool wrap_ = true;
-    mutable std::shared_ptr<QTextDocument> document_;
+    mutable std::shared_ptr<SharedText> text_;
 };
 
 // A framed picture of the pages: rich text, with a drawing where the picture has one. Its text is

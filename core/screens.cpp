@@ -4,6 +4,7 @@
 #include "zoom.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QMap>
@@ -20,14 +21,45 @@ namespace {
 // How long a new page is left alone before the screens likely to follow it are built.
 constexpr int kPrepareDelayMs = 40;
 
-// Where a window stands: the geometry it returns to when restored, its current size (maximised,
-// or full screen, or the same) and its state.
-struct WindowPlace {
-    QRect normal;
-    QSize size;
-    Qt::WindowStates state;
-    QScreen *screen = nullptr;
-    bool valid = false;
+// The one window of the screens that take each other's place. A screen shown in it fills it;
+// the window takes the shown screen's caption, and its close box unloads that screen.
+class ScreenWindow : public QWidget {
+public:
+    ScreenWindow() {
+        setAttribute(Qt::WA_DeleteOnClose, false);
+        // The screen shown fills the window and paints all of it.
+        setAttribute(Qt::WA_NoSystemBackground);
+    }
+
+    void take(Form *form) {
+        if (form->parentWidget() != this)
+            form->setParent(this, Qt::Widget);
+        // The window keeps the smallest size; the screen fills whatever the window has.
+        form->setMinimumSize(0, 0);
+        form->setGeometry(rect());
+    }
+
+    // The screen on top, the one the pupil sees.
+    Form *shown() const {
+        const auto forms = findChildren<Form *>(Qt::FindDirectChildrenOnly);
+        for (auto it = forms.crbegin(); it != forms.crend(); ++it) {
+            if (!(*it)->isHidden())
+                return *it;
+        }
+        return nullptr;
+    }
+
+protected:
+    void resizeEvent(QResizeEvent *) override {
+        const auto forms = findChildren<Form *>(Qt::FindDirectChildrenOnly);
+        for (Form *form : forms)
+            form->setGeometry(rect());
+    }
+    void closeEvent(QCloseEvent *e) override {
+        e->ignore();
+        if (Form *form = shown())
+            form->close();
+    }
 };
 
 struct Layer {
@@ -36,7 +68,7 @@ struct Layer {
     QMap<ScreenId, QPointer<Form>> spares; // built ahead, not loaded
     QList<QPointer<Form>> activationOrder; // most recently activated last
     QPointer<Form> active;
-    WindowPlace lastPlace; // of the last screen that others take the place of
+    QPointer<ScreenWindow> window;
     bool ended = false;
     bool settlePending = false;
     bool preparePending = false;
@@ -54,28 +86,8 @@ void stopTimers(Form *form) {
         t->stop();
 }
 
-WindowPlace placeOf(const Form *form) {
-    const Qt::WindowStates state =
-        form->windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen);
-    QRect normal = state ? form->normalGeometry() : form->geometry();
-    if (normal.isEmpty())
-        normal = form->geometry();
-    return {normal, form->size(), state, form->screen(), true};
-}
-
-// The most recently active loaded screen that pages replace, other than `except`.
-Form *currentPage(const Form *except = nullptr) {
-    const Layer &l = layer();
-    for (auto it = l.activationOrder.crbegin(); it != l.activationOrder.crend(); ++it) {
-        Form *form = *it;
-        if (form && form != except && replacesScreen(form->screenId()) && !form->isHidden())
-            return form;
-    }
-    return nullptr;
-}
-
-// Room the window system's frame takes above the window's inside, as far as it can be known.
-int titleRoom(const Form *model) {
+// Room the window system's frame takes above a window's inside, as far as it can be known.
+int titleRoom(const QWidget *model) {
     if (model && model->isVisible()) {
         const int top = model->geometry().top() - model->frameGeometry().top();
         if (top > 0)
@@ -85,7 +97,7 @@ int titleRoom(const Form *model) {
 }
 
 // The inside of the largest window the screen can show: the available area less the frame.
-QRect usableArea(QScreen *screen, const Form *model) {
+QRect usableArea(QScreen *screen, const QWidget *model) {
     if (!screen)
         screen = QGuiApplication::primaryScreen();
     if (!screen)
@@ -93,15 +105,16 @@ QRect usableArea(QScreen *screen, const Form *model) {
     return screen->availableGeometry().adjusted(0, titleRoom(model), 0, 0);
 }
 
+// The design size of the pages, the screens that take each other's place.
+constexpr QSize kPageDesign{800, 600};
+
 // No window smaller than its page at the smallest zoom, unless the screen is smaller still.
-void limitMinimum(Form *form, const QRect &usable) {
-    const QSize smallest = form->designSize() * Zoom::kSmallest;
-    form->setMinimumSize(smallest.boundedTo(usable.size()));
+QSize smallest(QSize design, const QRect &usable) {
+    return (design * Zoom::kSmallest).boundedTo(usable.size());
 }
 
 // The window's size at `factor`, made smaller to fit the area with its proportions kept.
-QSize fitted(const Form *form, double factor, const QRect &area) {
-    const QSize design = form->designSize();
+QSize fitted(QSize design, double factor, const QRect &area) {
     factor = std::min(
         {factor, double(area.width()) / design.width(), double(area.height()) / design.height()});
     return {int(std::lround(design.width() * factor)), int(std::lround(design.height() * factor))};
@@ -118,52 +131,84 @@ QRect keptInside(QRect rect, const QRect &area) {
     return rect;
 }
 
-// Puts a screen that is about to be shown in its window's place, zoomed and laid out for it.
-void placeWindow(Form *form) {
+// The window of the screens that take each other's place, made for the first such screen:
+// centred on the screen, the page at four fifths of its height.
+ScreenWindow *screenWindow() {
     Layer &l = layer();
-    Form *page = currentPage(form);
-    if (replacesScreen(form->screenId())) {
-        const WindowPlace from = page ? placeOf(page) : l.lastPlace;
-        if (from.valid) {
-            // Laid out at the size it will have, then given the geometry it returns to when
-            // restored: the window system maximises it again without a second layout.
-            limitMinimum(form, usableArea(from.screen, page));
-            form->zoomFor(from.size);
-            form->setGeometry(from.normal);
-            form->setWindowState(from.state);
-            return;
-        }
-        // The first window: centred on the screen, the page at four fifths of its height.
-        const QRect usable = usableArea(nullptr, nullptr);
-        const int title = titleRoom(nullptr);
-        const QRect available = usable.adjusted(0, -title, 0, 0);
-        limitMinimum(form, usable);
-        const double factor = 0.8 * available.height() / form->designSize().height();
-        const QSize size = fitted(form, factor, usable).expandedTo(form->minimumSize());
-        form->zoomFor(size);
-        const QRect outside = keptInside(centredIn(available, size + QSize(0, title)), available);
-        form->setGeometry(outside.adjusted(0, title, 0, 0));
-        return;
-    }
-    // A screen over a page: at the page's zoom, centred over it, kept on the screen.
+    if (l.window)
+        return l.window;
+    l.window = new ScreenWindow;
+    const QRect usable = usableArea(nullptr, nullptr);
+    const int title = titleRoom(nullptr);
+    const QRect available = usable.adjusted(0, -title, 0, 0);
+    l.window->setMinimumSize(smallest(kPageDesign, usable));
+    const double factor = 0.8 * available.height() / kPageDesign.height();
+    const QSize size = fitted(kPageDesign, factor, usable).expandedTo(l.window->minimumSize());
+    const QRect outside = keptInside(centredIn(available, size + QSize(0, title)), available);
+    l.window->setGeometry(outside.adjusted(0, title, 0, 0));
+    return l.window;
+}
+
+// The screen that replaces others now shown, or nullptr.
+Form *currentPage() {
+    const Layer &l = layer();
+    return l.window ? l.window->shown() : nullptr;
+}
+
+// Puts a screen that opens over the page centred over it, at the page's zoom, on the screen.
+void placeOverPage(Form *form) {
+    const QWidget *page = currentPage() ? currentPage()->window() : nullptr;
     const QRect usable = usableArea(page ? page->screen() : nullptr, page);
-    limitMinimum(form, usable);
-    const double factor = page ? page->zoom().factor() : 1.0;
-    const QSize size = fitted(form, factor, usable).expandedTo(form->minimumSize());
+    form->setMinimumSize(smallest(form->designSize(), usable));
+    const double factor = page ? currentPage()->zoom().factor() : 1.0;
+    const QSize size = fitted(form->designSize(), factor, usable).expandedTo(form->minimumSize());
     form->zoomFor(size);
     const QRect over = page ? page->geometry() : usable;
     form->setGeometry(keptInside(centredIn(over, size), usable));
 }
 
-// Builds the next of the screens the active page names that is neither loaded nor prepared; one
-// each time, so that a key the pupil presses meanwhile waits for one screen at most.
+// A screen shown in the window of the pages takes the keyboard focus where a new window would
+// give it: on its first control, unless its own handlers have chosen one.
+void focusFirstControl(Form *form) {
+    if (form->focusWidget())
+        return;
+    for (QWidget *w = form->nextInFocusChain(); w != form && form->isAncestorOf(w);
+         w = w->nextInFocusChain()) {
+        if ((w->focusPolicy() & Qt::TabFocus) && w->isEnabled() && w->isVisibleTo(form)) {
+            w->setFocus(Qt::ActiveWindowFocusReason);
+            return;
+        }
+    }
+}
+
+// Builds a screen at the zoom it will be shown at, as far as that is known now, so that its
+// sizes are set once rather than once for the design size and again for the window.
+Form *build(ScreenId id, const Screens::Factory &factory) {
+    double factor = 1.0;
+    if (replacesScreen(id)) {
+        const QSize size = screenWindow()->size();
+        factor = std::min(double(size.width()) / kPageDesign.width(),
+                          double(size.height()) / kPageDesign.height());
+    } else if (const Form *page = currentPage()) {
+        factor = page->zoom().factor();
+    }
+    Form::buildNextAt(factor);
+    return factory();
+}
+
+// Builds the next of the screens the shown page names that is neither loaded nor prepared; one
+// each time, so that a key the pupil presses meanwhile waits for one screen at most. A prepared
+// screen stays outside every window, so that nothing sees it before it is shown.
 bool prepareOne() {
     Layer &l = layer();
     Form *page = currentPage();
     if (l.ended || !page)
         return false;
+    if (!page->warm()) {
+        page->warmUp();
+        return true;
+    }
     const QList<ScreenId> likely = page->likelyNext();
-    // Instances prepared for a page left behind go.
     for (auto it = l.spares.begin(); it != l.spares.end();) {
         if (!likely.contains(it.key()) || !it.value()) {
             delete it.value().data();
@@ -175,12 +220,10 @@ bool prepareOne() {
     for (ScreenId id : likely) {
         if (l.loaded.contains(id) || l.spares.contains(id) || !l.factories.value(id))
             continue;
-        // Laid out for the window it will take over; its place and state, and with them its
-        // window in the window system, it gets when shown.
-        Form *spare = l.factories.value(id)();
+        Form *spare = build(id, l.factories.value(id));
         l.spares.insert(id, spare);
         spare->zoomFor(page->size());
-        spare->layOutNow();
+        spare->warmUp();
         return true;
     }
     return false;
@@ -214,7 +257,8 @@ void makeActive(Form *form) {
 }
 
 // Runs once the handler that unloaded a screen has returned: with no screen left the programme
-// ends; otherwise the screen used last becomes active again.
+// ends; otherwise the screen used last becomes active again. The window of the pages goes when
+// no page is left in it.
 void settle() {
     Layer &l = layer();
     l.settlePending = false;
@@ -222,16 +266,20 @@ void settle() {
         return;
     if (l.loaded.isEmpty()) {
         l.ended = true;
+        if (l.window)
+            l.window->hide();
         QCoreApplication::exit(0);
         return;
     }
+    if (l.window && !l.window->shown())
+        l.window->hide();
     if (l.active)
         return;
     l.activationOrder.removeAll(nullptr);
     if (l.activationOrder.isEmpty())
         return;
     Form *next = l.activationOrder.last();
-    next->raise();
+    next->window()->raise();
     next->activateWindow();
     makeActive(next);
 }
@@ -274,9 +322,16 @@ Form *Screens::show(ScreenId id) {
             const Factory factory = l.factories.value(id);
             if (!factory)
                 return nullptr;
-            form = factory();
+            form = build(id, factory);
         }
-        placeWindow(form);
+        if (replacesScreen(id)) {
+            // It takes its place in the window of the pages, at that window's size.
+            ScreenWindow *window = screenWindow();
+            window->take(form);
+            form->zoomFor(window->size());
+        } else {
+            placeOverPage(form);
+        }
         l.loaded.insert(id, form);
         form->onLoad();
         if (l.ended || l.loaded.value(id) != form)
@@ -284,6 +339,13 @@ Form *Screens::show(ScreenId id) {
     }
     form->show();
     form->raise();
+    if (form->parentWidget()) {
+        QWidget *window = form->window();
+        window->setWindowTitle(form->windowTitle());
+        window->show();
+        window->raise();
+        focusFirstControl(form);
+    }
     form->activateWindow();
     makeActive(form);
     return form;
@@ -297,14 +359,13 @@ void Screens::unload(Form *form) {
     Layer &l = layer();
     if (!form || l.loaded.value(form->screenId()) != form)
         return;
-    if (replacesScreen(form->screenId()) && !form->isHidden())
-        l.lastPlace = placeOf(form);
     l.loaded.remove(form->screenId());
     l.activationOrder.removeAll(form);
     if (l.active == form)
         l.active = nullptr;
     stopTimers(form);
     form->hide();
+    form->setParent(nullptr);
     form->deleteLater();
     scheduleSettle();
 }
@@ -327,9 +388,10 @@ void Screens::activated(Form *form) {
     QPointer<Form> candidate(form);
     QTimer::singleShot(0, form, [candidate] {
         Layer &l = layer();
-        if (!candidate || l.ended || l.loaded.value(candidate->screenId()) != candidate)
+        if (!candidate || l.ended || l.loaded.value(candidate->screenId()) != candidate ||
+            candidate->isHidden())
             return;
-        if (QGuiApplication::focusWindow() != candidate->windowHandle())
+        if (QGuiApplication::focusWindow() != candidate->window()->windowHandle())
             return;
         makeActive(candidate);
     });
@@ -361,6 +423,8 @@ void Screens::endProgramme() {
         form->hide();
         form->deleteLater();
     }
+    if (l.window)
+        l.window->hide();
     QCoreApplication::exit(0);
 }
 
@@ -377,7 +441,7 @@ void Screens::reset() {
     for (const QPointer<Form> &form : forms)
         delete form.data();
     dropSpares();
-    l.lastPlace = {};
+    delete l.window.data();
     l.ended = false;
     l.settlePending = false;
     l.preparePending = false;

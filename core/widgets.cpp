@@ -17,7 +17,7 @@ void setFormNames(std::initializer_list<std::pair<QObject *, const char *>> cont
 }
 
 QWidget *tintedPage(Form *form) {
-    // The window's own background is the page's: it fills the band around the page too.
+    // The screen's whole background is the page's: it fills the band around the page too.
     QPalette background = form->palette();
     background.setColor(QPalette::Window, Theme::kScreenBackground);
     form->setPalette(background);

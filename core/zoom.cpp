@@ -173,9 +173,9 @@ QFont Zoom::designFont(const QWidget *w) {
 }
 
 Zoom *Zoom::of(const QWidget *w) {
-    // From window to window: a menu or a message box follows the screen it belongs to.
-    for (; w; w = w->window()->parentWidget()) {
-        if (const auto *form = qobject_cast<const Form *>(w->window()))
+    // Up to the screen the widget belongs to, through the windows a menu or a message box opens.
+    for (; w; w = w->parentWidget()) {
+        if (const auto *form = qobject_cast<const Form *>(w))
             return &form->zoom();
     }
     return nullptr;

@@ -14,6 +14,7 @@
 
 #include <QAction>
 #include <QEvent>
+#include <QFontInfo>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -23,6 +24,7 @@
 #include <QTimer>
 
 #include <cmath>
+#include <memory>
 
 const QString kPaceNote = QStringLiteral("  Hinweis:") + QString(64, QLatin1Char(' ')) +
                           QStringLiteral("Damit du dir bei diesem Lernprogramm viel merken "
@@ -174,12 +176,17 @@ void LessonPage::buildControls() {
     // showing it does not lay the page out again while the pupil waits for the verdict.
     z.setColumnMinimumWidth(grid, 2, kPaceNoteWidth);
     z.setFixedWidth(paceNote, kPaceNoteWidth);
-    placeOver(central, paceNote, [this, &z](const QRect &, QSize) {
-        const QPoint topLeft(instructionLabel->geometry().right() + z.px(12),
-                             answerEdit->geometry().top());
-        const int width = z.px(kPaceNoteWidth);
-        return QRect(topLeft, QSize(width, paceNote->heightForWidth(width)));
-    });
+    // Its height is measured once per zoom, not each time it appears.
+    placeOver(central, paceNote,
+              [this, &z, height = std::make_shared<QSize>()](const QRect &, QSize) {
+                  const QPoint topLeft(instructionLabel->geometry().right() + z.px(12),
+                                       answerEdit->geometry().top());
+                  const int width = z.px(kPaceNoteWidth);
+                  const int fontPixels = QFontInfo(paceNote->font()).pixelSize();
+                  if (height->width() != width * 1000 + fontPixels)
+                      *height = QSize(width * 1000 + fontPixels, paceNote->heightForWidth(width));
+                  return QRect(topLeft, QSize(width, height->height()));
+              });
     paceNote->hide();
 
     remarksHeading = heading(QStringLiteral("Bemer-      kungen:"), central);

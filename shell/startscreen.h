@@ -17,7 +17,6 @@ public:
 
     // Form_Activate: reads the start position and dispatches.
     void onActivate() override;
-    QList<ScreenId> likelyNext() const override { return {ScreenId::ControlCentre}; }
     // Command1_Click, "Weiter".
     void toControlCentre();
 

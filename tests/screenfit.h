@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QSize>
+#include <QStringList>
+
+class Form;
+
+// What the zoom tests check of a screen as it stands in its window.
+
+// Lets a resize reach the page: the zoom follows on the next pass of the event loop.
+void settle();
+// Resizes the window a screen is shown in (its own, or the one the pages share) and lets the
+// zoom follow.
+void resizeTo(Form *form, QSize size);
+// Everything that is wrong with the screen as it stands: controls outside the window, texts that
+// do not fit the room they are drawn in, fonts and pictures not grown with the window, the style's
+// own sizes not zoomed, a page out of proportion or off centre. Empty when all is well.
+QStringList misfits(Form *form);

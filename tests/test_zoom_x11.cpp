@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The zoom on a real X server (the Xorg dummy of the system tests): screens at a few window sizes
+// with the server's own fonts, the window kept across a page change, a screen over a page.
+#include "application.h"
+#include "displaymodescreen.h"
+#include "finaltestpage.h"
+#include "lessonpage.h"
+#include "screenfit.h"
+#include "screens.h"
+#include "shell.h"
+#include "testsupport.h"
+#include "zoom.h"
+
+#include <QApplication>
+#include <QPushButton>
+#include <QScreen>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class TestZoomX11 : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() {
+        QCOMPARE(QGuiApplication::platformName(), u"xcb"_s);
+        setUpApplication(*qobject_cast<QApplication *>(QCoreApplication::instance()));
+    }
+    void init() {
+        registerShellScreens();
+        registerLessonPages();
+        registerFinalTestScreens();
+        registerDisplayScreens();
+    }
+
+    void screenFits_data() {
+        QTest::addColumn<int>("screen");
+        QTest::addColumn<QSize>("size");
+        for (QSize size : {QSize(640, 480), QSize(1280, 720), QSize(1920, 1080)}) {
+            for (ScreenId id :
+                 {ScreenId::Start, ScreenId::ControlCentre, ScreenId::Page8, ScreenId::FinalTest,
+                  ScreenId::Requirements, ScreenId::DisplayMode}) {
+                QTest::addRow("%s %dx%d", qPrintable(formName(id)), size.width(), size.height())
+                    << int(id) << size;
+            }
+        }
+    }
+    void screenFits() {
+        QFETCH(int, screen);
+        QFETCH(QSize, size);
+        TestProgramme programme;
+        Form *form = Screens::show(ScreenId(screen));
+        QVERIFY(QTest::qWaitForWindowExposed(form));
+        resizeTo(form, size);
+        QTRY_COMPARE(form->window()->size(), size);
+        QTRY_COMPARE(form->zoom().factor(), form->factorFor(form->size()));
+        settle();
+        const QStringList found = misfits(form);
+        QVERIFY2(found.isEmpty(), qPrintable(found.join(u"\n"_s)));
+    }
+
+    // ">>" shows page 4 in page 3's window, where it was and as large as it was.
+    void windowKept() {
+        TestProgramme programme;
+        auto *page = Screens::show<LessonPage>(ScreenId::Page3);
+        QVERIFY(QTest::qWaitForWindowExposed(page));
+        QWidget *window = page->window();
+        const QRect place(60, 50, 1000, 750);
+        window->setGeometry(place);
+        QTRY_COMPARE(window->geometry(), place);
+        settle();
+        QTest::mouseClick(page->nextPageButton, Qt::LeftButton);
+        settle();
+        auto *next = Screens::loaded<LessonPage>(ScreenId::Page4);
+        QVERIFY(next && next->window() == window && window->isVisible());
+        QVERIFY(QTest::qWaitForWindowExposed(next));
+        QCOMPARE(window->geometry(), place);
+        QCOMPARE(window->windowTitle(), next->windowTitle());
+        QCOMPARE(next->zoom().factor(), 1.25);
+        QVERIFY(misfits(next).isEmpty());
+    }
+
+    // An information screen opens centred over the page, at its zoom, on the screen.
+    void overThePage() {
+        TestProgramme programme;
+        Form *page = Screens::show(ScreenId::Page2);
+        QVERIFY(QTest::qWaitForWindowExposed(page));
+        const QRect available = page->screen()->availableGeometry();
+        const QSize size(available.width() * 3 / 4, available.width() * 9 / 16);
+        page->window()->setGeometry(QRect(available.topLeft() + QPoint(40, 40), size));
+        QTRY_COMPARE(page->window()->size(), size);
+        settle();
+        Form *info = Screens::show(ScreenId::Author);
+        QVERIFY(QTest::qWaitForWindowExposed(info));
+        settle();
+        QVERIFY(available.contains(info->geometry()));
+        QVERIFY(std::abs(info->zoom().factor() - page->zoom().factor()) < 0.01 ||
+                info->height() >= available.height() - 64);
+        const QPoint offset = info->geometry().center() - page->window()->geometry().center();
+        QVERIFY2(offset.manhattanLength() <= 2 || info->geometry().top() == available.top(),
+                 qPrintable(u"%1,%2"_s.arg(offset.x()).arg(offset.y())));
+        QVERIFY(misfits(info).isEmpty());
+    }
+};
+
+QTEST_MAIN(TestZoomX11)
+#include "test_zoom_x11.moc"
