@@ -2,7 +2,7 @@
 PRESET ?= default
 BUILD_DIR := build/$(PRESET)
 
-.PHONY: all build run test unit lint clean configure
+.PHONY: all build run test unit lint bench clean configure
 
 all: build
 
@@ -30,6 +30,14 @@ unit: configure
 # clang-format and clang-tidy over every source file.
 lint: build
 	tools/lint.sh $(BUILD_DIR)
+
+# The performance figures next to bare Qt windows, on the Xorg dummy server and offscreen (a
+# benchmark, not a test: it prints, it does not judge).
+bench:
+	@tools/packages.sh bench
+	@test -f $(BUILD_DIR)/build.ninja || cmake --preset $(PRESET)
+	cmake --build --preset $(PRESET) --target kelvora_bench
+	bench/run.sh $(BUILD_DIR)
 
 clean:
 	rm -rf build

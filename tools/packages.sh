@@ -8,9 +8,14 @@ build_packages=(cmake ninja-build g++ qt6-base-dev qt6-svg-dev libqt6svg6-dev li
 test_packages=(xvfb xauth poppler-utils g++-mingw-w64-x86-64 xserver-xorg-core
     xserver-xorg-video-dummy x11-xserver-utils cups cups-client printer-driver-cups-pdf)
 
+# The benchmark runs on the tests' X server, with a window manager that maximises windows.
+bench_packages=(xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils openbox)
+
 packages=("${build_packages[@]}")
 if [[ "${1:-}" == "test" ]]; then
     packages+=("${test_packages[@]}")
+elif [[ "${1:-}" == "bench" ]]; then
+    packages+=("${bench_packages[@]}")
 fi
 
 missing=()
