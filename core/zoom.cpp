@@ -156,6 +156,8 @@ QFont Zoom::pageFont(double factor) {
 }
 
 QFont Zoom::designFont(const QWidget *w) {
+    if (!w)
+        return QApplication::font();
     double relative = 1.0;
     for (const QWidget *p = w; p; p = p->parentWidget()) {
         const QVariant value = p->property(kRelativeFont);

@@ -68,6 +68,7 @@ private Q_SLOTS:
     void questionOverThePage();
     void fullScreenKey_data();
     void fullScreenKey();
+    void closeBox();
 };
 
 void TestZoom::everyScreenFits_data() {
@@ -435,6 +436,25 @@ void TestZoom::fullScreenKey() {
     if (!state)
         QCOMPARE(window->geometry(), normal);
     QCOMPARE(page->answerEdit->text(), QString());
+}
+
+// The close box of the pages' window unloads the page shown in it; an information screen opened
+// from it stays, and the programme ends with the last screen.
+void TestZoom::closeBox() {
+    TestProgramme programme;
+    Form *page = Screens::show(ScreenId::Page5);
+    QVERIFY(QTest::qWaitForWindowExposed(page));
+    QWidget *window = page->window();
+    Form *info = Screens::show(ScreenId::WorkingMethod);
+    QVERIFY(info->window() == info);
+    window->close();
+    settle();
+    QVERIFY(!Screens::loaded(ScreenId::Page5));
+    QVERIFY(window->isHidden());
+    QVERIFY(Screens::loaded(ScreenId::WorkingMethod) && !Screens::programmeEnded());
+    info->close();
+    settle();
+    QVERIFY(Screens::programmeEnded());
 }
 
 QTEST_MAIN(TestZoom)
