@@ -57,6 +57,9 @@ struct SharedText {
             return *found;
         layOutAt(width);
         const double height = document.size().height();
+        // A window dragged to many sizes asks for many widths; only the last ones matter.
+        if (heights.size() >= 256)
+            heights.clear();
         heights.insert(key, height);
         return height;
     }

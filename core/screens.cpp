@@ -217,6 +217,14 @@ bool prepareOne() {
             ++it;
         }
     }
+    // A window that changed its size since: its prepared screens follow.
+    for (const QPointer<Form> &spare : std::as_const(l.spares)) {
+        if (spare->size() != page->size()) {
+            spare->zoomFor(page->size());
+            spare->warmUp();
+            return true;
+        }
+    }
     for (ScreenId id : likely) {
         if (l.loaded.contains(id) || l.spares.contains(id) || !l.factories.value(id))
             continue;
@@ -325,10 +333,12 @@ Form *Screens::show(ScreenId id) {
             form = build(id, factory);
         }
         if (replacesScreen(id)) {
-            // It takes its place in the window of the pages, at that window's size.
+            // It takes its place in the window of the pages, at that window's size; when the
+            // window changes its size, what is prepared for it follows.
             ScreenWindow *window = screenWindow();
             window->take(form);
             form->zoomFor(window->size());
+            QObject::connect(&form->zoom(), &Zoom::changed, form, [] { schedulePrepare(); });
         } else {
             placeOverPage(form);
         }
