@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "picture.h"
 
+#include "runcache.h"
 #include "theme.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QCoreApplication>
 #include <QEvent>
-#include <QHash>
 #include <QPainter>
 #include <QSvgRenderer>
 #include <QTextDocument>
@@ -17,16 +16,18 @@ namespace {
 
 constexpr int kMinimumTextWidth = 120;
 
-QSvgRenderer *sharedRenderer(const QString &resource) {
-    static QHash<QString, QSvgRenderer *> renderers;
-    QSvgRenderer *&renderer = renderers[resource];
+// One renderer per drawing and one document per text and font for the whole run; a view keeps
+// what it draws from alive even should the cache be emptied before it goes.
+std::shared_ptr<QSvgRenderer> sharedRenderer(const QString &resource) {
+    static RunCache<QString, std::shared_ptr<QSvgRenderer>> renderers;
+    std::shared_ptr<QSvgRenderer> &renderer = renderers[resource];
     if (!renderer)
-        renderer = new QSvgRenderer(resource, QCoreApplication::instance());
+        renderer = std::make_shared<QSvgRenderer>(resource);
     return renderer;
 }
 
 std::shared_ptr<QTextDocument> sharedDocument(const QString &html, const QFont &font) {
-    static QHash<QString, std::shared_ptr<QTextDocument>> documents;
+    static RunCache<QString, std::shared_ptr<QTextDocument>> documents;
     std::shared_ptr<QTextDocument> &document = documents[font.key() + QLatin1Char('\n') + html];
     if (!document) {
         document = std::make_shared<QTextDocument>();
@@ -40,14 +41,13 @@ std::shared_ptr<QTextDocument> sharedDocument(const QString &html, const QFont &
 } // namespace
 
 QString plainTextOf(const QString &html) {
-    static QHash<QString, QString> texts;
-    auto it = texts.constFind(html);
-    if (it != texts.constEnd())
-        return *it;
+    static RunCache<QString, QString> texts;
+    if (const QString *known = texts.find(html))
+        return *known;
     QString text = QTextDocumentFragment::fromHtml(html).toPlainText();
     text.remove(QChar::ObjectReplacementCharacter);
     text = text.simplified();
-    texts.insert(html, text);
+    texts[html] = text;
     return text;
 }
 

@@ -23,7 +23,7 @@ protected:
     void paintEvent(QPaintEvent *e) override;
 
 private:
-    QSvgRenderer *renderer_;
+    std::shared_ptr<QSvgRenderer> renderer_;
 };
 
 // Rich text drawn from a laid-out document. Documents are kept per text and font for the whole

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets.h"
 
+#include "runcache.h"
 #include "theme.h"
 
 #include <QAbstractButton>
-#include <QHash>
 #include <QIcon>
 #include <QLabel>
 #include <QMainWindow>
@@ -40,7 +40,7 @@ QLabel *headingLabel(const QString &text, int pointSize, QWidget *parent) {
 QPushButton *pictureButton(const QString &icon, const QString &name, QWidget *parent,
                            int iconSize) {
     // One icon per picture for the whole run: its rendered sizes are kept with it.
-    static QHash<QString, QIcon> icons;
+    static RunCache<QString, QIcon> icons;
     QIcon &shared = icons[icon];
     if (shared.isNull())
         shared = QIcon(icon);
