@@ -15,41 +15,9 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
-#include <algorithm>
-#include <cmath>
-
 using namespace DisplayModes;
 
 namespace {
-
-// The number at the start of a text as Basic reads it: blanks anywhere are skipped, a sign and
-// digits with one decimal point are taken, the first other character ends the number.
-double leadingNumber(const QString &text) {
-    QString digits;
-    bool point = false;
-    for (const QChar c : text) {
-        if (c == QLatin1Char(' ') || c == QLatin1Char('\t') || c == QLatin1Char('\r') ||
-            c == QLatin1Char('\n'))
-            continue;
-        const bool digit = c.isDigit() && c.unicode() < 128;
-        const bool sign = (c == QLatin1Char('-') || c == QLatin1Char('+')) && digits.isEmpty();
-        if (digit || sign)
-            digits.append(c);
-        else if (c == QLatin1Char('.') && !point) {
-            point = true;
-            digits.append(c);
-        } else
-            break;
-    }
-    bool ok = false;
-    const double value = digits.toDouble(&ok);
-    return ok ? value : 0.0;
-}
-
-// A pixel count from a number: whole, and within what any display could offer.
-int pixels(double value) {
-    return static_cast<int>(std::lround(std::clamp(value, 0.0, 1.0e6)));
-}
 
 QLabel *wrappedLabel(const QString &text, QWidget *parent) {
     auto *label = new QLabel(text, parent);
@@ -181,11 +149,8 @@ void DisplayModeScreen::changeMode() {
     const QListWidgetItem *selected = modeList->currentItem();
     const QString text = selected ? selected->text() : QString();
 
-    const qsizetype x = text.indexOf(QLatin1Char('x')) + 1; // counted from 1, 0: none
-    const double width = leadingNumber(text.left(std::max<qsizetype>(x - 1, 0)));
-    const double height = leadingNumber(text.mid(x));
-
-    setResolution(pixels(width), pixels(height));
+    const DisplaySize size = modeSize(text);
+    setResolution(size.width, size.height);
 
     changeButton->setEnabled(false);
     setBackColour(changeButton, Theme::buttonFace());

@@ -171,6 +171,30 @@ private Q_SLOTS:
         QCOMPARE(Screens::loaded(ScreenId::DisplayMode), nullptr);
     }
 
+    // How "Auflösung ändern" reads the chosen entry: width left of the first "x", height right
+    // of it, each from its leading number with blanks skipped, whole pixels up to a million.
+    void modeSize_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QSize>("size");
+        QTest::addRow("mode text") << "1024 x 768" << QSize(1024, 768);
+        QTest::addRow("no blanks") << "800x600" << QSize(800, 600);
+        QTest::addRow("blanks inside numbers") << " 1 0 2 4 x 7 6 8 " << QSize(1024, 768);
+        QTest::addRow("second x ends the height") << "800 x 600 x 4" << QSize(800, 600);
+        QTest::addRow("capital X is no x") << "1280 X 1024" << QSize(0, 1280);
+        QTest::addRow("nothing left of x") << "x768" << QSize(0, 768);
+        QTest::addRow("nothing right of x") << "1024 x" << QSize(1024, 0);
+        QTest::addRow("sign, rounding") << "-5 x 2.6" << QSize(0, 3);
+        QTest::addRow("letter ends the number") << "1e3 x 7" << QSize(1, 7);
+        QTest::addRow("beyond a million") << "2000000 x 5" << QSize(1000000, 5);
+        QTest::addRow("empty") << "" << QSize(0, 0);
+    }
+    void modeSize() {
+        QFETCH(QString, text);
+        QFETCH(QSize, size);
+        const DisplaySize read = DisplayModes::modeSize(text);
+        QCOMPARE(QSize(read.width, read.height), size);
+    }
+
     void entryFoundWhateverTheCase() {
         QListWidget list;
         list.addItems({u"800 x 600"_s, u"1024 x 768"_s});
