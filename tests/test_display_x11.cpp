@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The display-mode screen against a real X server with several modes. CTest starts an X server
 // with the dummy video driver for it and sets DISPLAY; the server is asked through xrandr.
+#include "backend_x11.h"
 #include "displaymodes.h"
 #include "displaymodescreen.h"
 #include "screens.h"
@@ -53,11 +54,26 @@ QStringList serverModes() {
 
 } // namespace
 
+Q_DECLARE_METATYPE(X11ModeStep)
+
 class TestDisplayX11 : public QObject {
     Q_OBJECT
 
 private:
     QString original_;
+
+    // The pupil clicks the entry, then "Auflösung ändern".
+    static bool chooseAndChange(DisplayModeScreen *screen, const QString &entry) {
+        const QList<QListWidgetItem *> found = screen->modeList->findItems(entry, Qt::MatchExactly);
+        if (found.size() != 1)
+            return false;
+        QTest::mouseClick(screen->modeList->viewport(), Qt::LeftButton, {},
+                          screen->modeList->visualItemRect(found.first()).center());
+        if (!screen->changeButton->isEnabled())
+            return false;
+        QTest::mouseClick(screen->changeButton, Qt::LeftButton);
+        return true;
+    }
 
     void restore() {
         DisplayModes::setResolution(original_.section(u' ', 0, 0).toInt(),
@@ -97,15 +113,44 @@ private Q_SLOTS:
         QFETCH(QString, entry);
         TestProgramme programme;
         auto *screen = Screens::show<DisplayModeScreen>(ScreenId::DisplayMode);
-        const QList<QListWidgetItem *> found = screen->modeList->findItems(entry, Qt::MatchExactly);
-        QCOMPARE(found.size(), 1);
-        QTest::mouseClick(screen->modeList->viewport(), Qt::LeftButton, {},
-                          screen->modeList->visualItemRect(found.first()).center());
-        QTest::mouseClick(screen->changeButton, Qt::LeftButton);
+        QVERIFY(chooseAndChange(screen, entry));
 
         QCOMPARE(serverSize(), entry);
         QCOMPARE(DisplayModes::resolutionText(), entry);
         QVERIFY(!screen->changeButton->isEnabled());
+        restore();
+    }
+
+    // A step of the change that the server refuses: the mode with its rate, the desktop size
+    // and the output's place are as they were, as the server reports them.
+    void refusedStep_data() {
+        QTest::addColumn<QString>("entry");
+        QTest::addColumn<X11ModeStep>("step");
+        QTest::addRow("smaller: output off") << "800 x 600" << X11ModeStep::OutputOff;
+        QTest::addRow("smaller: desktop size") << "800 x 600" << X11ModeStep::ScreenSize;
+        QTest::addRow("smaller: new mode") << "800 x 600" << X11ModeStep::NewMode;
+        QTest::addRow("larger: desktop size") << "1280 x 1024" << X11ModeStep::ScreenSize;
+        QTest::addRow("larger: new mode") << "1280 x 1024" << X11ModeStep::NewMode;
+    }
+    void refusedStep() {
+        QFETCH(QString, entry);
+        QFETCH(X11ModeStep, step);
+        TestProgramme programme;
+        auto *screen = Screens::show<DisplayModeScreen>(ScreenId::DisplayMode);
+        const QString before = xrandr({QStringLiteral("--query")});
+        QVERIFY(before.contains(QStringLiteral(" connected primary ")));
+
+        refuseX11ModeStep(step);
+        const bool chosen = chooseAndChange(screen, entry);
+        refuseX11ModeStep(std::nullopt);
+        QVERIFY(chosen);
+
+        QCOMPARE(xrandr({QStringLiteral("--query")}), before);
+        QCOMPARE(DisplayModes::resolutionText(), original_);
+        QVERIFY(!screen->changeButton->isEnabled());
+        // The next change goes through.
+        QVERIFY(chooseAndChange(screen, entry));
+        QCOMPARE(serverSize(), entry);
         restore();
     }
 };
