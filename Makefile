@@ -2,7 +2,9 @@
 PRESET ?= default
 BUILD_DIR := build/$(PRESET)
 
-.PHONY: all build run test unit lint clean configure
+FUZZ_SECONDS ?= 60
+
+.PHONY: all build run test unit lint asan-build asan fuzz clean configure
 
 all: build
 
@@ -30,6 +32,19 @@ unit: configure
 # clang-format and clang-tidy over every source file.
 lint: build
 	tools/lint.sh $(BUILD_DIR)
+
+# The sanitizer tree (clang, build/asan): the unit tests under AddressSanitizer, LeakSanitizer and
+# UndefinedBehaviorSanitizer, then each fuzz target for FUZZ_SECONDS seconds.
+asan-build:
+	@tools/packages.sh sanitize
+	@test -f build/asan/build.ninja || cmake --preset asan
+	cmake --build --preset asan
+
+asan: asan-build
+	ctest --preset asan
+
+fuzz: asan-build
+	tools/fuzz.sh build/asan $(FUZZ_SECONDS)
 
 clean:
 	rm -rf build
