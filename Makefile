@@ -2,7 +2,7 @@
 PRESET ?= default
 BUILD_DIR := build/$(PRESET)
 
-.PHONY: all build run test unit lint clean configure
+.PHONY: all build run test unit lint package dist clean configure
 
 all: build
 
@@ -26,6 +26,13 @@ test:
 unit: configure
 	cmake --build --preset $(PRESET)
 	ctest --preset unit
+
+# The Debian package kelvora_<version>_<arch>.deb and the source archive, in the build folder.
+package: build
+	cmake --build --preset $(PRESET) --target package
+
+dist: configure
+	cmake --build --preset $(PRESET) --target dist
 
 # clang-format and clang-tidy over every source file.
 lint: build
