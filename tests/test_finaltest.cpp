@@ -208,8 +208,6 @@ private Q_SLOTS:
         FinalTestPage *page = openPage();
         QCOMPARE(page->viewMenu->actions().value(0)->text(), u"&Erkl\u00e4rung Steuerbuttons"_s);
         QCOMPARE(page->viewMenu->actions().value(1)->text(), u"&Wo bin ich?"_s);
-        QCOMPARE(page->explanationTimer->interval(), 8000);
-        QCOMPARE(page->hintTimer->interval(), 8000);
         QCOMPARE(glance(page), u"1 Image1 Label17 mnuSteuer Timer2"_s);
         page->endExplanation();
         QCOMPARE(glance(page), u"1 Label17 Label21 Timer3"_s);
@@ -228,7 +226,6 @@ private Q_SLOTS:
         QCOMPARE(glance(page), u"(1) (2) (3) (4) 5 Label17 Command4"_s);
         QTest::mouseClick(page->optionButtons[17], Qt::LeftButton);
         QCOMPARE(glance(page), u"(1) (2) (3) (4) (5) Label17 Command4 Timer1"_s);
-        QCOMPARE(page->halfChangeTimer->interval(), 3000);
         page->showSecondHalf();
         QCOMPARE(glance(page), u"6 Label17 Command4"_s);
         QVERIFY(run(page, u"20 26 29 33 39"_s));
@@ -254,6 +251,8 @@ private Q_SLOTS:
         QTest::newRow("10 of 51") << 10 << 51 << usual << u""_s << u"Zensur:   6"_s;
         QTest::newRow("10 of 25: 40 %") << 10 << 25 << usual << u""_s << u"Zensur:   4"_s;
         QTest::newRow("8 of 10: 80 %") << 8 << 10 << usual << u""_s << u"Zensur:   2"_s;
+        QTest::newRow("6 of 10: 60 %") << 6 << 10 << usual << u""_s << u"Zensur:   3"_s;
+        QTest::newRow("24 of 25: 96 %") << 24 << 25 << usual << u""_s << u"Zensur:   1"_s;
         QTest::newRow("scale in reverse order: the last hit wins")
             << 10 << 33 << QList<int>{50, 40, 30, 20, 10} << u""_s << u"Zensur:   1"_s;
         QTest::newRow("before the first click") << 0 << 0 << usual << u""_s << QString();
@@ -387,7 +386,6 @@ private Q_SLOTS:
         QFETCH(bool, fromTheStart);
         QFETCH(QByteArray, file);
         FinalTestPage *page = openPage();
-        QCOMPARE(course.currentPage, std::int16_t(11));
         QTest::mouseClick(page->endButton, Qt::LeftButton);
         QVERIFY(page->exitFrame->isVisible());
         QTest::mouseClick(page->stayButton, Qt::LeftButton);
@@ -396,7 +394,6 @@ private Q_SLOTS:
         QTest::mouseClick(fromTheStart ? page->restartButton : page->resumeButton, Qt::LeftButton);
         QVERIFY(Screens::programmeEnded());
         QCOMPARE(programme->read(u"StartQelB.txt"_s), file);
-        QCOMPARE(course.currentPage, std::int16_t(fromTheStart ? 50 : 11));
     }
 
     void overviewAndNavigation() {

@@ -100,3 +100,9 @@ void registerProbes(const QList<QPair<ScreenId, QString>> &screens) {
 void fireTimer(QTimer *timer) {
     QMetaObject::invokeMethod(timer, "timeout", Qt::DirectConnection);
 }
+
+void settle() {
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+}
