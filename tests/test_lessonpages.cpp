@@ -268,7 +268,7 @@ private Q_SLOTS:
         QTest::addColumn<QList<int>>("pictures");
         QTest::addColumn<QString>("points");
         QTest::addColumn<bool>("again"); // try-again button on
-        const auto row = [](const char *typed, const char *field, QList<int> pictures,
+        const auto row = [](const char *typed, const char *field, const QList<int> &pictures,
                             const char *points, bool again) {
             QTest::newRow(typed) << QString::fromLatin1(typed) << QString::fromLatin1(field)
                                  << pictures << QString::fromLatin1(points) << again;

@@ -6,6 +6,7 @@
 #include "textfiles.h"
 
 #include <QDir>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -31,6 +32,36 @@ private Q_SLOTS:
         TestProgramme programme;
         Seams::setProgrammeFolder([folder] { return folder; });
         QCOMPARE(TextFiles::programmePath(u"StartQelB.txt"_s), expected);
+    }
+
+    // Where the files live: beside a portable copy, in the pupil's data folder for an installed
+    // one (bin/kelvora beside share/kelvora/ of the same prefix).
+    void filesFolder_data() {
+        QTest::addColumn<QString>("executable");
+        QTest::addColumn<QStringList>("folders"); // made below the scratch folder
+        QTest::addColumn<bool>("installed");
+        QTest::addRow("installed in /usr")
+            << u"usr/bin"_s << QStringList{u"usr/bin"_s, u"usr/share/kelvora"_s} << true;
+        QTest::addRow("installed in a prefix of its own")
+            << u"opt/kelvora/bin"_s
+            << QStringList{u"opt/kelvora/bin"_s, u"opt/kelvora/share/kelvora"_s} << true;
+        QTest::addRow("bin folder without Kelvora's share folder")
+            << u"usr/bin"_s << QStringList{u"usr/bin"_s, u"usr/share/other"_s} << false;
+        QTest::addRow("build tree")
+            << u"build/default/app"_s
+            << QStringList{u"build/default/app"_s, u"build/default/share/kelvora"_s} << false;
+        QTest::addRow("USB stick")
+            << u"stick/Kelvora"_s << QStringList{u"stick/Kelvora"_s} << false;
+    }
+    void filesFolder() {
+        QFETCH(QString, executable);
+        QFETCH(QStringList, folders);
+        QFETCH(bool, installed);
+        QTemporaryDir scratch;
+        for (const QString &folder : folders)
+            QVERIFY(QDir(scratch.path()).mkpath(folder));
+        const QString exe = scratch.filePath(executable), data = scratch.filePath(u"home"_s);
+        QCOMPARE(Seams::filesFolderFor(exe, data), installed ? data : exe);
     }
 
     void windows1252() {
