@@ -71,6 +71,25 @@ def work_to_page_3_and_resume_there(ui, checks):
     ui.one(window, "push button", "... hier weiterarbeiten").do("Press")
 
 
+def solve_final_test_and_grade(ui, window):
+    """From page 3 through the overview to page 11: every question solved at its first click,
+    then "Zensierung" with the scale as it stands ("Nein" in the question box)."""
+    ui.key("alt+a")
+    ui.key("w")
+    ui.one(window, "push button", "Seite 11 (Abschlusstest)").do("Press")
+    window = ui.window(e2e.page_caption(11))
+    for frame, _text, options, right in e2e.TEST_QUESTIONS:
+        panel = ui.wait(lambda: next(iter(ui.all(window, "panel", frame)), None), 8)
+        if panel is None:
+            raise e2e.Abort(f"{frame} is not shown")
+        option = ui.one(panel, "radio button", options[min(right)])
+        option.do(option.actions()[0])
+    ui.one(window, "push button", "Zensierung").do("Press")
+    question = ui.window("Punktetabelle für Zensierung", role="alert")
+    ui.one(question, "push button", "Nein").do("Press")
+    ui.wait(lambda: ui.all(window, "label", "Zensur:   1"), 5)
+
+
 def files_in(folder):
     return sorted(os.listdir(folder)) if os.path.isdir(folder) else []
 
@@ -118,13 +137,23 @@ def run(args, checks):
         beside = [f for f in files_in(scratch) if f.endswith((".txt", ".doc"))]
         checks.check(not beside, "nothing is written into the working folder", f"{beside}")
 
-        # Second run: straight to page 3.
+        # Second run: straight to page 3, then the final test and its grade.
         process, ui = start(session, e2e.Ui, pyatspi, Atspi, checks, installed, log)
         try:
-            ui.window(e2e.page_caption(3), timeout=20)
+            window = ui.window(e2e.page_caption(3), timeout=20)
             checks.check(True, "started again, the programme opens page 3")
+            solve_final_test_and_grade(ui, window)
         except e2e.Abort as e:
-            checks.check(False, "started again, the programme opens page 3", str(e))
+            checks.check(False, "started again: page 3, the final test and its grade", str(e))
+        for name, opening in (("TestergebnisQel.doc", b"               Test Kelvora\r\n"),
+                              ("ZensurQel.txt", b"Programm Kelvora:" + b" " * 11 +
+                               b"Zensur:   1\r\n")):
+            path = os.path.join(data, name)
+            content = open(path, "rb").read() if os.path.exists(path) else b""
+            checks.check(content.startswith(opening), f"{name} in the pupil's data folder",
+                         f"{path}: {content[:60]!r}")
+        checks.check(files_in(bin_folder) == ["kelvora"], "still nothing beside the installed "
+                     "executable", f"{bin_folder} holds {files_in(bin_folder)}")
         stop(process)
 
         # A portable copy keeps its file beside itself, even with a data folder at hand.
