@@ -3,7 +3,7 @@
 # installs what is missing with apt-get; otherwise it prints the one command that would.
 set -euo pipefail
 
-build_packages=(cmake ninja-build g++ qt6-base-dev qt6-svg-dev libqt6svg6-dev libgl-dev
+build_packages=(cmake ninja-build g++ qt6-base-dev qt6-svg-dev libgl-dev
     qt6-translations-l10n fonts-liberation fonts-dejavu-core libx11-dev libxrandr-dev librsvg2-bin)
 test_packages=(xvfb xauth poppler-utils g++-mingw-w64-x86-64 xserver-xorg-core
     xserver-xorg-video-dummy x11-xserver-utils cups cups-client printer-driver-cups-pdf
