@@ -4,7 +4,7 @@ BUILD_DIR := build/$(PRESET)
 
 FUZZ_SECONDS ?= 60
 
-.PHONY: all build run test unit lint asan-build asan fuzz clean configure
+.PHONY: all build run test unit lint asan-build asan fuzz package dist clean configure
 
 all: build
 
@@ -28,6 +28,13 @@ test:
 unit: configure
 	cmake --build --preset $(PRESET)
 	ctest --preset unit
+
+# The Debian package kelvora_<version>_<arch>.deb and the source archive, in the build folder.
+package: build
+	cmake --build --preset $(PRESET) --target package
+
+dist: configure
+	cmake --build --preset $(PRESET) --target dist
 
 # clang-format and clang-tidy over every source file.
 lint: build

@@ -2,6 +2,7 @@
 #include "application.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QStyleFactory>
 #include <QTranslator>
@@ -9,6 +10,9 @@
 void setUpApplication(QApplication &app) {
     app.setApplicationName(QStringLiteral("Kelvora"));
     app.setApplicationVersion(QStringLiteral(KELVORA_VERSION));
+    // The window icon is the menu entry's icon, and desktops find the entry by this name.
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.kelvora.Kelvora"));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/org.kelvora.Kelvora.svg")));
     // Fusion draws the light grey of the active buttons on every platform.
     app.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
 

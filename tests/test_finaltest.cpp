@@ -27,7 +27,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// How the log heads each question.
+// How the log heads each question. Long lines go on in a second literal, which the check for a
+// missing comma takes for a slip.
+// NOLINTBEGIN(bugprone-suspicious-missing-comma)
 const QByteArray kQuestion[] = {
     "Aufgabe 1\r\nWelche Ladungstr\xe4ger leiten in Metallen den Strom?\r\n",
     "Aufgabe 2\r\nWelche Ladungstr\xe4ger leiten nach Sto\xdf-   ionisation in Gasen den "
@@ -46,6 +48,7 @@ const QByteArray kQuestion[] = {
     "enelektronen eingebaut werden?\r\n",
     "Aufgabe 9\r\nWelche Funktion hat eine Halbleiterdiode?\r\n",
     "Aufgabe 10\r\nWelche Funktion hat ein Transistor?\r\n"};
+// NOLINTEND(bugprone-suspicious-missing-comma)
 
 // The whole log: the heading, each question with its click lines and an empty line, then `tail`.
 QByteArray logOf(const QByteArrayList &clicks, const QByteArray &tail = {}) {
@@ -142,6 +145,7 @@ private Q_SLOTS:
         programme.reset();
     }
 
+    // NOLINTBEGIN(bugprone-suspicious-missing-comma): long log lines go on in a second literal
     void resultLog_data() {
         QTest::addColumn<QString>("steps");
         QTest::addColumn<QByteArray>("expected");
@@ -190,6 +194,8 @@ private Q_SLOTS:
             << u"1/2"_s;
     }
 
+    // NOLINTEND(bugprone-suspicious-missing-comma)
+
     void resultLog() {
         QFETCH(QString, steps);
         QFETCH(QByteArray, expected);
@@ -208,8 +214,6 @@ private Q_SLOTS:
         FinalTestPage *page = openPage();
         QCOMPARE(page->viewMenu->actions().value(0)->text(), u"&Erkl\u00e4rung Steuerbuttons"_s);
         QCOMPARE(page->viewMenu->actions().value(1)->text(), u"&Wo bin ich?"_s);
-        QCOMPARE(page->explanationTimer->interval(), 8000);
-        QCOMPARE(page->hintTimer->interval(), 8000);
         QCOMPARE(glance(page), u"1 Image1 Label17 mnuSteuer Timer2"_s);
         page->endExplanation();
         QCOMPARE(glance(page), u"1 Label17 Label21 Timer3"_s);
@@ -228,7 +232,6 @@ private Q_SLOTS:
         QCOMPARE(glance(page), u"(1) (2) (3) (4) 5 Label17 Command4"_s);
         QTest::mouseClick(page->optionButtons[17], Qt::LeftButton);
         QCOMPARE(glance(page), u"(1) (2) (3) (4) (5) Label17 Command4 Timer1"_s);
-        QCOMPARE(page->halfChangeTimer->interval(), 3000);
         page->showSecondHalf();
         QCOMPARE(glance(page), u"6 Label17 Command4"_s);
         QVERIFY(run(page, u"20 26 29 33 39"_s));
@@ -254,6 +257,8 @@ private Q_SLOTS:
         QTest::newRow("10 of 51") << 10 << 51 << usual << u""_s << u"Zensur:   6"_s;
         QTest::newRow("10 of 25: 40 %") << 10 << 25 << usual << u""_s << u"Zensur:   4"_s;
         QTest::newRow("8 of 10: 80 %") << 8 << 10 << usual << u""_s << u"Zensur:   2"_s;
+        QTest::newRow("6 of 10: 60 %") << 6 << 10 << usual << u""_s << u"Zensur:   3"_s;
+        QTest::newRow("24 of 25: 96 %") << 24 << 25 << usual << u""_s << u"Zensur:   1"_s;
         QTest::newRow("scale in reverse order: the last hit wins")
             << 10 << 33 << QList<int>{50, 40, 30, 20, 10} << u""_s << u"Zensur:   1"_s;
         QTest::newRow("before the first click") << 0 << 0 << usual << u""_s << QString();
@@ -387,7 +392,6 @@ private Q_SLOTS:
         QFETCH(bool, fromTheStart);
         QFETCH(QByteArray, file);
         FinalTestPage *page = openPage();
-        QCOMPARE(course.currentPage, std::int16_t(11));
         QTest::mouseClick(page->endButton, Qt::LeftButton);
         QVERIFY(page->exitFrame->isVisible());
         QTest::mouseClick(page->stayButton, Qt::LeftButton);
@@ -396,7 +400,6 @@ private Q_SLOTS:
         QTest::mouseClick(fromTheStart ? page->restartButton : page->resumeButton, Qt::LeftButton);
         QVERIFY(Screens::programmeEnded());
         QCOMPARE(programme->read(u"StartQelB.txt"_s), file);
-        QCOMPARE(course.currentPage, std::int16_t(fromTheStart ? 50 : 11));
     }
 
     void overviewAndNavigation() {

@@ -43,13 +43,6 @@ void registerTargetPages() {
             Screens::registerScreen(ScreenId(id), [id] { return new TargetPage(ScreenId(id)); });
 }
 
-// Lets the screen layer finish what the last handler left: deferred deletes and settling.
-void settle() {
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
-}
-
 } // namespace
 
 using MenuEntry = QAction *PageBase::*;
@@ -71,23 +64,15 @@ private Q_SLOTS:
         QTest::addColumn<int>("index"); // -1: "Lernprogramm-Start"
         QTest::addColumn<int>("target");
         QTest::addColumn<QString>("caption"); // of the option, or of the window for -1
-        const auto row = [](int i, ScreenId page, const char *topic, int n, const char *ref) {
-            QTest::addRow("%d", i)
-                << i << int(page)
-                << QString::fromUtf8(topic) + QString(n, u' ') + QString::fromUtf8(ref);
-        };
-        row(-1, ScreenId::Page1, "Kelvora", 105, "Steuerzentrum");
-        row(0, ScreenId::Page1, "Fragen 1 bis 5", 80, "- Seite 1");
-        row(1, ScreenId::Page2, "Fragen 6 bis 10", 77, "- Seite 2");
-        row(2, ScreenId::Page3, "Fragen 11 bis 15", 75, "- Seite 3");
-        row(3, ScreenId::Page4, "Fragen 16 bis 20", 75, "- Seite 4");
-        row(4, ScreenId::Page5, "Fragen 21 bis 25", 75, "- Seite 5");
-        row(5, ScreenId::Page6, "Fragen 26 bis 30", 75, "- Seite 6");
-        row(6, ScreenId::Page7, "Fragen 31 bis 35", 75, "- Seite 7");
-        row(7, ScreenId::Page8, "Fragen 36 bis 40", 75, "- Seite 8");
-        row(8, ScreenId::Page9, "Fragen 41 bis 45", 75, "- Seite 9");
-        row(9, ScreenId::Page10, "Fragen 46 bis 50", 75, "- Seite 10");
-        row(10, ScreenId::FinalTest, "Abschlusstest", 80, "- Seite 11");
+        QTest::addRow("-1") << -1 << int(ScreenId::Page1)
+                            << u"Kelvora"_s + QString(105, u' ') + u"Steuerzentrum"_s;
+        for (int i = 0; i <= 10; ++i) {
+            const QString topic =
+                i == 10 ? u"Abschlusstest"_s : u"Fragen %1 bis %2"_s.arg(i * 5 + 1).arg(i * 5 + 5);
+            const int blanks = i == 0 || i == 10 ? 80 : i == 1 ? 77 : 75;
+            QTest::addRow("%d", i) << i << int(pageScreen(i + 1))
+                                   << topic + QString(blanks, u' ') + u"- Seite %1"_s.arg(i + 1);
+        }
     }
     void centreOpensTarget() {
         QFETCH(int, index);

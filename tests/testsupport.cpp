@@ -19,8 +19,7 @@ TestProgramme::TestProgramme()
     Screens::reset();
     resetProgrammeState();
     ProbeForm::log.clear();
-    const QString folder = QDir::toNativeSeparators(dir_.path());
-    Seams::setProgrammeFolder([folder] { return folder; });
+    Seams::setProgrammeFolder([folder = QDir::toNativeSeparators(dir_.path())] { return folder; });
     Seams::setClock([this] { return now_; });
     Seams::setYesNo([this](const QString &text, const QString &title) {
         questionsAsked.append({text, title});
@@ -99,4 +98,10 @@ void registerProbes(const QList<QPair<ScreenId, QString>> &screens) {
 
 void fireTimer(QTimer *timer) {
     QMetaObject::invokeMethod(timer, "timeout", Qt::DirectConnection);
+}
+
+void settle() {
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
 }

@@ -68,3 +68,6 @@ void registerProbes(const QList<QPair<ScreenId, QString>> &screens);
 class QTimer;
 // Fires a timer's tick at once, as if its interval had passed.
 void fireTimer(QTimer *timer);
+
+// Lets the screen layer finish what the last handler left: its layer step and deferred deletes.
+void settle();

@@ -4,11 +4,12 @@
 # otherwise it prints the one command that would.
 set -euo pipefail
 
-build_packages=(cmake ninja-build g++ qt6-base-dev qt6-svg-dev libqt6svg6-dev libgl-dev
-    qt6-translations-l10n fonts-liberation fonts-dejavu-core libx11-dev libxrandr-dev)
+build_packages=(cmake ninja-build g++ qt6-base-dev qt6-svg-dev libgl-dev
+    qt6-translations-l10n fonts-liberation fonts-dejavu-core libx11-dev libxrandr-dev librsvg2-bin)
 test_packages=(xvfb xauth poppler-utils g++-mingw-w64-x86-64 xserver-xorg-core
     xserver-xorg-video-dummy x11-xserver-utils cups cups-client printer-driver-cups-pdf
-    xdotool dbus-daemon at-spi2-core python3-pyatspi)
+    dpkg-dev file fakeroot lintian desktop-file-utils appstream clang-format clang-tidy
+    python3-pyatspi at-spi2-core dbus dbus-x11 xdotool openbox x11-utils)
 # The sanitizer build and the fuzz targets: clang with its sanitizer and libFuzzer runtimes.
 sanitize_packages=(clang libclang-rt-dev)
 
