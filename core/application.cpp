@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <QLibraryInfo>
+#include <QPointer>
 #include <QStyleFactory>
 #include <QTranslator>
 
@@ -20,7 +21,8 @@ void setUpApplication(QApplication &app) {
     // "&Nein"). Without the translation files the buttons stay English and nothing else changes.
     // Qt's own folder first, then the "translations" folder that windeployqt puts beside the
     // programme.
-    static QTranslator *qtTexts = nullptr;
+    // One translator per application object: it goes with the application.
+    static QPointer<QTranslator> qtTexts;
     if (!qtTexts) {
         qtTexts = new QTranslator(&app);
         const QStringList folders = {QLibraryInfo::path(QLibraryInfo::TranslationsPath),

@@ -17,6 +17,7 @@
 #include <QTest>
 
 #include <optional>
+#include <tuple>
 
 #if defined(Q_OS_LINUX)
 #include <fcntl.h>
