@@ -7,7 +7,8 @@ build_packages=(cmake ninja-build g++ qt6-base-dev qt6-svg-dev libqt6svg6-dev li
     qt6-translations-l10n fonts-liberation fonts-dejavu-core libx11-dev libxrandr-dev librsvg2-bin)
 test_packages=(xvfb xauth poppler-utils g++-mingw-w64-x86-64 xserver-xorg-core
     xserver-xorg-video-dummy x11-xserver-utils cups cups-client printer-driver-cups-pdf
-    dpkg-dev file fakeroot lintian desktop-file-utils appstream clang-format clang-tidy)
+    dpkg-dev file fakeroot lintian desktop-file-utils appstream clang-format clang-tidy
+    python3 python3-pyatspi at-spi2-core dbus xdotool openbox x11-utils)
 
 packages=("${build_packages[@]}")
 if [[ "${1:-}" == "test" ]]; then
