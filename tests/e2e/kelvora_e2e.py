@@ -1555,7 +1555,7 @@ def choose_locale():
 def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
     parser.add_argument("kelvora", nargs="?",
-                        default=os.path.join(SOURCE_ROOT, "build", "default", "kelvora"))
+                        default=os.path.join(SOURCE_ROOT, "build", "default", "app", "kelvora"))
     parser.add_argument("--keep", action="store_true", help="keep the scratch folder")
     parser.add_argument("--verbose", action="store_true", help="print passed checks too")
     args = parser.parse_args()
