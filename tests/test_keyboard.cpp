@@ -288,7 +288,8 @@ private Q_SLOTS:
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
         settle();
         QCOMPARE(where(), after);
-        QCOMPARE(QApplication::focusWidget()->objectName(), focus);
+        const QWidget *focused = QApplication::focusWidget();
+        QCOMPARE(focused ? focused->objectName() : u"nothing"_s, focus);
         if (ScreenId(screen) == ScreenId::GradeScale) {
             auto *page = Screens::loaded<FinalTestPage>(ScreenId::FinalTest);
             QCOMPARE(page->gradeLabel->text(), u"Zensur:   4"_s); // 10 of 20 clicks
