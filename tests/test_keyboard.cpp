@@ -64,13 +64,13 @@ double contrast(const QColor &a, const QColor &b) {
     return (std::max(x, y) + 0.05) / (std::min(x, y) + 0.05);
 }
 
-// What the pupil sees behind a control: a button's own face, a field's base, else the colour of
-// the nearest widget that paints its background.
+// What the pupil sees behind a control: a button's own face, the base of a field or a list, else
+// the colour of the nearest widget that paints its background.
 QColor background(const QWidget *w) {
     const QPalette::ColorGroup group = w->isEnabled() ? QPalette::Active : QPalette::Disabled;
     if (qobject_cast<const QPushButton *>(w))
         return w->palette().color(group, QPalette::Button);
-    if (qobject_cast<const QLineEdit *>(w))
+    if (qobject_cast<const QLineEdit *>(w) || qobject_cast<const QListWidget *>(w))
         return w->palette().color(group, QPalette::Base);
     for (const QWidget *p = w; p; p = p->parentWidget()) {
         if (p->autoFillBackground() || p->isWindow())
@@ -397,7 +397,7 @@ private Q_SLOTS:
         QTest::addRow("answer field") << int(ScreenId::Page1) << u"Text1"_s;
         QTest::addRow("topic") << int(ScreenId::ControlCentre) << u"Option1_3"_s;
         QTest::addRow("option of the test") << int(ScreenId::FinalTest) << u"Option1_1"_s;
-        QTest::addRow("mode list") << int(ScreenId::DisplayMode) << u"List1"_s;
+        QTest::addRow("chosen mode") << int(ScreenId::DisplayMode) << u"List1"_s;
     }
     void focusFrame() {
         QFETCH(int, screen);
