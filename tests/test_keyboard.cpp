@@ -452,6 +452,8 @@ private Q_SLOTS:
             QVERIFY(!page->paceNote->isHidden() && !page->nextPageButton->isEnabled());
             if (page->explanationTimer)
                 fireTimer(page->explanationTimer);
+            page->overviewEntry->trigger(); // the panels' texts too
+            page->openExitFrame();
         } else if (auto *test = qobject_cast<FinalTestPage *>(form)) {
             // The whole test, graded: the solved questions, the grade and the print button.
             solveTest(test);
