@@ -1,12 +1,75 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "application.h"
 
+#include "theme.h"
+
 #include <QApplication>
 #include <QIcon>
 #include <QLibraryInfo>
+#include <QPainter>
 #include <QPointer>
+#include <QProxyStyle>
+#include <QPushButton>
 #include <QStyleFactory>
+#include <QStyleOption>
 #include <QTranslator>
+
+namespace {
+
+// Fusion, with a focus frame that every focused control shows, whether the focus came by key,
+// by mouse or from the programme: a pupil who works with the keyboard always sees where Enter and
+// Space go. Fusion itself marks the focus only after Tab was pressed, and not at all on flat
+// buttons such as the lines of the page overview.
+class ProgrammeStyle : public QProxyStyle {
+public:
+    ProgrammeStyle()
+        : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+
+    QPalette standardPalette() const override {
+        // Switched-off controls keep text a pupil can read.
+        QPalette palette = QProxyStyle::standardPalette();
+        for (QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                                         QPalette::PlaceholderText})
+            palette.setColor(QPalette::Disabled, role, Theme::kDisabledText);
+        return palette;
+    }
+
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        // Fusion's push buttons draw no focus rectangle of their own.
+        if (element == CE_PushButton && (option->state & State_HasFocus))
+            drawFocusFrame(subElementRect(SE_PushButtonFocusRect, option, widget), painter);
+    }
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override {
+        if (element == PE_FrameFocusRect) {
+            // A flat button (a line of the overview) is framed whole; elsewhere the frame keeps a
+            // little room around the text it marks.
+            QRect around = option->rect.adjusted(-2, -1, 2, 1);
+            if (widget && qobject_cast<const QPushButton *>(widget))
+                around = widget->rect();
+            drawFocusFrame(widget ? around & widget->rect() : option->rect, painter);
+            return;
+        }
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        if (element == PE_FrameLineEdit && (option->state & State_HasFocus))
+            drawFocusFrame(option->rect, painter);
+    }
+
+private:
+    static void drawFocusFrame(const QRect &rect, QPainter *painter) {
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing, false);
+        painter->setBrush(Qt::NoBrush);
+        painter->setPen(QPen(Theme::kFocusFrame, 2));
+        painter->drawRect(QRectF(rect).adjusted(1, 1, -1, -1));
+        painter->restore();
+    }
+};
+
+} // namespace
 
 void setUpApplication(QApplication &app) {
     app.setApplicationName(QStringLiteral("Kelvora"));
@@ -14,8 +77,12 @@ void setUpApplication(QApplication &app) {
     // The window icon is the menu entry's icon, and desktops find the entry by this name.
     QGuiApplication::setDesktopFileName(QStringLiteral("org.kelvora.Kelvora"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/org.kelvora.Kelvora.svg")));
-    // Fusion draws the light grey of the active buttons on every platform.
-    app.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    // Fusion draws the light grey of the active buttons on every platform. Its palette is set
+    // explicitly: a desktop's own colours (a dark theme, say) would otherwise take its place, and
+    // the programme's colours are chosen for their contrast against Fusion's.
+    auto *style = new ProgrammeStyle;
+    QApplication::setStyle(style);
+    QApplication::setPalette(style->standardPalette());
 
     // The programme speaks German whatever the system's language: Qt's own buttons too ("&Ja",
     // "&Nein"). Without the translation files the buttons stay English and nothing else changes.

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "form.h"
 
+#include "keyboard.h"
 #include "screens.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPushButton>
 
 #include <array>
 
@@ -32,7 +35,37 @@ Form::Form(ScreenId id, QWidget *parent)
 bool Form::event(QEvent *e) {
     if (e->type() == QEvent::WindowActivate)
         Screens::activated(this);
+    // Before the screen first shows, its controls are complete: they take their reading order.
+    if (e->type() == QEvent::Polish)
+        Keyboard::followReadingOrder(this);
     return QMainWindow::event(e);
+}
+
+void Form::keyPressEvent(QKeyEvent *e) {
+    switch (e->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter: {
+        // As on Windows, Enter presses the button that has the focus. The event comes here when
+        // the focused control left it alone; message boxes are no screens and keep their own
+        // default button.
+        auto *button = qobject_cast<QPushButton *>(focusWidget());
+        if (button && button->isEnabled()) {
+            if (!e->isAutoRepeat()) // a key held down presses once
+                button->click();
+            return;
+        }
+        break;
+    }
+    case Qt::Key_Escape:
+        // An open panel or a screen that Escape closes comes first; what Escape means beyond
+        // that belongs here too, after it.
+        if (closeOnEscape())
+            return;
+        break;
+    default:
+        break;
+    }
+    QMainWindow::keyPressEvent(e);
 }
 
 void Form::closeEvent(QCloseEvent *e) {

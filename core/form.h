@@ -49,6 +49,12 @@ public:
 protected:
     bool event(QEvent *e) override;
     void closeEvent(QCloseEvent *e) override;
+    // The keys every screen shares: Enter, Return and keypad Enter press the focused push button
+    // (a field, an option or a disabled button ignores them); Escape runs closeOnEscape().
+    void keyPressEvent(QKeyEvent *e) override;
+    // Escape: closes what lies open over the screen, or the screen itself where Escape stands for
+    // its close button. Returns false where Escape has nothing to close.
+    virtual bool closeOnEscape() { return false; }
 
 private:
     ScreenId id_;

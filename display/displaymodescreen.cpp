@@ -12,7 +12,6 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 using namespace DisplayModes;
@@ -114,17 +113,19 @@ DisplayModeScreen::DisplayModeScreen(QWidget *parent)
                   {largeFontLabel, "Label3"},
                   {changeButton, "Command1"},
                   {closeButton, "Command2"}});
-    setTabOrder(modeList, changeButton);
-    setTabOrder(changeButton, closeButton);
 
     // Every change of the chosen entry counts as a click, whether by mouse, keys or the program;
-    // a click on the entry already chosen does too.
-    connect(modeList, &QListWidget::currentRowChanged, this, [this] { onModeClicked(); });
+    // a click on the entry already chosen does too. The button follows the selection itself, so
+    // a mouse pressed on one entry and released elsewhere leaves the two in agreement.
+    connect(modeList, &QListWidget::itemSelectionChanged, this, [this] { onModeClicked(); });
     connect(modeList, &QListWidget::itemClicked, this, [this] { onModeClicked(); });
     connect(changeButton, &QPushButton::clicked, this, [this] { changeMode(); });
     connect(closeButton, &QPushButton::clicked, this, [this] { closeScreen(); });
-    auto *escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
-    connect(escape, &QShortcut::activated, this, [this] { closeScreen(); });
+}
+
+const QListWidgetItem *DisplayModeScreen::selectedEntry() const {
+    const QList<QListWidgetItem *> selected = modeList->selectedItems();
+    return selected.isEmpty() ? nullptr : selected.constFirst();
 }
 
 void DisplayModeScreen::onLoad() {
@@ -139,14 +140,13 @@ void DisplayModeScreen::onLoad() {
 }
 
 void DisplayModeScreen::onModeClicked() {
-    const QListWidgetItem *selected = modeList->currentItem();
-    changeButton->setEnabled(selected && selected->isSelected() &&
-                             selected->text() != resolutionText());
+    const QListWidgetItem *selected = selectedEntry();
+    changeButton->setEnabled(selected && selected->text() != resolutionText());
     setBackColour(changeButton, Theme::activeButton());
 }
 
 void DisplayModeScreen::changeMode() {
-    const QListWidgetItem *selected = modeList->currentItem();
+    const QListWidgetItem *selected = selectedEntry();
     const QString text = selected ? selected->text() : QString();
 
     const DisplaySize size = modeSize(text);
@@ -158,6 +158,11 @@ void DisplayModeScreen::changeMode() {
 
 void DisplayModeScreen::closeScreen() {
     Screens::unload(this);
+}
+
+bool DisplayModeScreen::closeOnEscape() {
+    closeScreen();
+    return true;
 }
 
 void registerDisplayScreens() {

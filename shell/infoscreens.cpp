@@ -169,3 +169,8 @@ InfoScreen::InfoScreen(ScreenId id, QWidget *parent)
 void InfoScreen::closeScreen() {
     Screens::unload(this);
 }
+
+bool InfoScreen::closeOnEscape() {
+    closeScreen();
+    return true;
+}

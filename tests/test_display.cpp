@@ -148,6 +148,30 @@ private Q_SLOTS:
         QCOMPARE(screen->changeButton->isEnabled(), after != entry);
     }
 
+    // "Auflösung ändern" follows the selection, however the selection came: a mouse pressed on
+    // one entry and dragged off the list, a selection made without moving the current entry.
+    void buttonFollowsTheSelection() {
+        DisplayModeScreen *screen = open(kOffice, {800, 600});
+        QWidget *view = screen->modeList->viewport();
+        const QRect entry = screen->modeList->visualItemRect(screen->modeList->item(1));
+        QTest::mousePress(view, Qt::LeftButton, {}, entry.center());
+        QTest::mouseMove(view, QPoint(entry.center().x(), view->height() + 40));
+        QTest::mouseRelease(view, Qt::LeftButton, {},
+                            QPoint(entry.center().x(), view->height() + 40));
+        const QList<QListWidgetItem *> chosen = screen->modeList->selectedItems();
+        QCOMPARE(chosen.size(), 1);
+        QCOMPARE(screen->changeButton->isEnabled(), chosen.first()->text() != u"800 x 600"_s);
+
+        for (int row : {0, 3, 0}) {
+            screen->modeList->selectionModel()->select(screen->modeList->model()->index(row, 0),
+                                                       QItemSelectionModel::ClearAndSelect);
+            QCOMPARE(screen->changeButton->isEnabled(), row != 0);
+        }
+        screen->modeList->item(3)->setSelected(true);
+        QTest::mouseClick(screen->changeButton, Qt::LeftButton);
+        QCOMPARE(display_->changes, QStringList{u"1280 x 1024"_s});
+    }
+
     void fromMenuByKeyboard() {
         DisplayModeScreen *screen = open(kOffice, {800, 600});
         QApplication::setActiveWindow(screen);

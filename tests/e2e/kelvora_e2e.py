@@ -14,9 +14,8 @@ with what the clicks made must give.
 Exit status: 0 every check passed, 1 a check failed (one line per failed check), 77 this machine
 cannot run the test (the reason is printed on one line).
 
-Some checks concern keyboard behaviour that is still being built; their failure lines end with the
-cause to expect ("expected cause: ..."), and the run works around them so that the checks after
-them still run: Enter falls back to Space, Escape to the panel's own close button.
+The keyboard checks name the fault behind a failure ("cause: ...") and work around it, so that the
+checks after them still run: Enter falls back to Space, Escape to the panel's own close button.
 """
 
 import argparse
@@ -49,6 +48,8 @@ START_CAPTION = TITLE
 CONTROL_CENTRE_CAPTION = caption(105, "Steuerzentrum")
 END_PAGE_CAPTION = TITLE
 WORKING_METHOD_CAPTION = caption(109, "Arbeitsweise")
+DISPLAY_MODE_CAPTION = caption(97, "Bildschirmauflösung")
+GRADE_SCALE_CAPTION = "Kelvora - Punktetabelle und Zensierung  "
 
 
 def page_caption(page):
@@ -241,12 +242,10 @@ def date_lines_between(first, last, locale_name):
 # Check bookkeeping
 
 EXPECTED_CAUSES = {
-    "enter": "Enter, Return and keypad Enter do not press the focused push button yet "
-             "(only Space does)",
-    "escape": "Escape does not close the overview, the exit frame or an information screen yet",
-    "exit-focus": "the exit frame still opens with the focus on its first button "
-                  "\"... hier weiterarbeiten\"",
-    "overview-focus": "the overview still opens with the focus on its first line",
+    "enter": "Enter, Return or keypad Enter does not press the focused push button",
+    "escape": "Escape does not close the panel or screen in front",
+    "exit-focus": "the exit frame does not open with the focus on \"Ich möchte nicht beenden\"",
+    "overview-focus": "the overview does not open with the focus on the current page's line",
 }
 
 
@@ -276,7 +275,7 @@ class Checks:
         if detail:
             line += f": {detail}"
         if cause:
-            line += f" (expected cause: {EXPECTED_CAUSES[cause]})"
+            line += f" (cause: {EXPECTED_CAUSES[cause]})"
         print(line, flush=True)
         self.failed.append((what, cause))
         return False
@@ -525,6 +524,13 @@ class Node:
         try:
             text = self.acc.queryText()
             return text.getText(0, -1)
+        except Exception:
+            return None
+
+    def description(self):
+        """What a screen reader says after the name and the role."""
+        try:
+            return self.acc.description or ""
         except Exception:
             return None
 
@@ -887,8 +893,8 @@ class Run:
             lambda: next((w for w in ui.windows() if w.name == title), None),
             f"page {page + 1} opens", key=key)
 
-    def overview(self, window, page):
-        """Ansicht > Wo bin ich? by keyboard, then Escape."""
+    def open_overview(self, window, page):
+        """Ansicht > Wo bin ich? by keyboard; returns the panel."""
         ui = self.ui
         ui.key("alt+a")
         menu = ui.wait(lambda: next((n for n in ui.walk(window) if n.role == "popup menu"), None),
@@ -917,6 +923,29 @@ class Run:
         self.expect_focus(window, "push button", OVERVIEW_LINES[page - 1],
                           f"overview opens with the focus on the line of page {page}",
                           cause="overview-focus")
+        return panel
+
+    def overview(self, window, page, choose_current=False):
+        """The overview, closed with Escape. choose_current: first Enter on the current page's
+        line, which only closes the overview; the page stays with its question and points."""
+        ui = self.ui
+        if choose_current:
+            self.open_overview(window, page)
+            before = (self.question_picture(window), self.points_label(window),
+                      [n.name for n in self.feedback(window)])
+            line = OVERVIEW_LINES[page - 1]
+            if ui.tab_to(window, "push button", line):
+                ui.key("Return")
+                closed = ui.wait(lambda: not any(n.name == "Wo bin ich?" for n in ui.walk(window)),
+                                 2)
+                self.c.check(bool(closed), f"Enter on {line!r} closes the overview on page {page}")
+                self.c.check(ui.wait(lambda: (lambda a: a is not None and a.name ==
+                                              page_caption(page))(ui.active_window()), 2),
+                             f"page {page} stays active after choosing its own line")
+                self.c.equal((self.question_picture(window), self.points_label(window),
+                              [n.name for n in self.feedback(window)]), before,
+                             f"question, points and verdict of page {page} kept")
+        self.open_overview(window, page)
         ui.key("Escape")
         closed = ui.wait(lambda: not any(n.name == "Wo bin ich?" for n in ui.walk(window)), 2)
         self.c.check(bool(closed), "Escape closes the overview", "it stays open",
@@ -1042,6 +1071,14 @@ class Run:
     def page1(self, window):
         ui = self.ui
         self.arrive(window, 1, (0, 0))
+        # Tab goes round in reading order; the step buttons are off before an answer.
+        order = []
+        for _ in range(4):
+            ui.key("Tab")
+            order.append(describe(ui.focused(window)))
+        self.c.equal(order, ["push button 'Eine Seite zurück (<<)'",
+                             "push button 'Eine Seite weiter (>>)'", "push button 'Beenden'",
+                             "text 'Antwort'"], "Tab goes round page 1 in reading order")
         self.c.check(any(n.role == "label" and n.name ==
                          " Antworte mit A, B oder C; du kannst auch a, b oder c eingeben."
                          for n in ui.walk(window)), "answer instruction read")
@@ -1083,7 +1120,7 @@ class Run:
                            "question 3 shows")
         self.answer(window, 1, 3, "A", "a", (3, 5))
 
-        self.overview(window, 1)
+        self.overview(window, 1, choose_current=True)
         self.expect_focus(window, "push button", "Nächste Frage",
                           "focus back on \"Nächste Frage\" after the overview")
         self.exit_frame(window)
@@ -1124,7 +1161,43 @@ class Run:
                      "page 2 is active again after the information screen")
         self.expect_focus(window, "text", "Antwort",
                           "answer field focused again after the information screen")
+        self.display_mode(window)
         return self.next_page(window, 2, key="KP_Enter")
+
+    def display_mode(self, window):
+        """Info > Bildschirmauflösung ändern: the current mode is chosen and there is nothing to
+        change to; Escape closes the screen."""
+        ui = self.ui
+        ui.key("alt+i")
+        if ui.wait(lambda: any(n.role == "popup menu" for n in ui.walk(window)), 3):
+            ui.key("b")
+        screen = ui.window(DISPLAY_MODE_CAPTION, timeout=5)
+        self.c.check(ui.wait(lambda: ui.active_window() is not None and
+                             ui.active_window().name == DISPLAY_MODE_CAPTION, 5),
+                     "display-mode screen is the active window")
+        self.expect_focus(screen, "list", "Bildschirmauflösung",
+                          "display-mode screen opens with the focus on its list")
+        size = " x ".join(self.ui.session.run(["xdotool", "getdisplaygeometry"]).stdout.split())
+        chosen = [n.name for n in ui.walk(screen) if n.role == "list item" and n.has("selected")]
+        self.c.equal(chosen, [size], "the current display mode is read as selected")
+        change = ui.one(screen, "push button", "Auflösung ändern")
+        self.c.check(not change.has("sensitive"), "\"Auflösung ändern\" unavailable on opening")
+        self.c.equal([n.name for n in ui.walk(screen) if n.role == "push button"],
+                     ["Auflösung ändern", "Schließen"], "display-mode screen buttons")
+        ui.key("Escape")
+        closed = ui.window_gone(DISPLAY_MODE_CAPTION, 2)
+        self.c.check(bool(closed), "Escape closes the display-mode screen", "it stays open",
+                     cause="escape")
+        if not closed:
+            ui.tab_to(screen, "push button", "Schließen")
+            ui.key("space")
+            if not ui.window_gone(DISPLAY_MODE_CAPTION, 3):
+                raise Abort("the display-mode screen does not close")
+        self.c.check(ui.wait(lambda: ui.active_window() is not None and
+                             ui.active_window().name == page_caption(2), 5),
+                     "page 2 is active again after the display-mode screen")
+        self.expect_focus(window, "text", "Antwort",
+                          "answer field focused again after the display-mode screen")
 
     def later_pages(self, window):
         for page in range(3, 11):
@@ -1245,6 +1318,8 @@ class Run:
             if question == 9 and right:
                 self.test_finished_to = datetime.datetime.now()
             if not right:
+                self.c.equal(row[0].description(), "Falsch",
+                             f"{frame}: {option!r} is described by its verdict")
                 continue
             tries = 0
 
@@ -1262,20 +1337,28 @@ class Run:
                 self.c.check(all("Toggle" not in r[0].actions() for r in others),
                              f"{frame}: solved options offer no click",
                              f"actions {[r[0].actions() for r in others]}")
+                # Solved is said, not only shown: the question and each option are described so.
+                clicked = [o for q, o in TEST_CLICKS if q == question]
+                self.c.equal(solved.description(), "Aufgabe gelöst",
+                             f"{frame}: read as solved")
+                want = [("Richtig, " if o == option else "Falsch, " if o in clicked else "") +
+                        "Aufgabe gelöst" for o in options]
+                self.c.equal([r[0].description() for r in rows], want,
+                             f"{frame}: options described as solved, clicked ones with their "
+                             "verdict")
+                markers = [n.name for n in ui.children_nodes(solved) if n.role == "label" and
+                           n.has("showing") and n.name not in ("Richtig", "Falsch") and
+                           not n.name.startswith(question_on_screen(text)[:12])]
+                self.c.equal(markers, ["angeklickt"] * len(clicked),
+                             f"{frame}: the marks beside clicked options read \"angeklickt\"")
                 if not solved_state_recorded:
                     solved_state_recorded = True
-                    for r in rows:
-                        self.c.info(f"solved {frame}, option {r[0].name!r}: states "
-                                    f"{sorted(r[0].states)}; actions {r[0].actions()}")
-                    self.c.info(f"solved {frame}, panel states {sorted(solved.states)}")
+                    self.c.info(f"solved {frame}: panel states {sorted(solved.states)}, option "
+                                f"states {sorted(chosen[0].states)}")
             if question == 0:
                 self.c.check(ui.wait(lambda: ui.one(window, "push button", "Test neu beginnen")
                                      .has("sensitive"), 2),
                              "\"Test neu beginnen\" usable after question 1")
-                marker = [n.name for n in ui.children_nodes(solved)] if solved else []
-                if marker.count(frame) > 1:
-                    self.c.info(f"the unnamed markers beside clicked options are read as {frame!r} "
-                                "(an unnamed label in a group box takes the group's title)")
             if question < 9 and question != 4:
                 nxt = ui.wait(lambda: self.test_panel(window, question + 1), 3)
                 self.c.check(nxt is not None, f"question {question + 2} shown after {frame}")
@@ -1295,7 +1378,8 @@ class Run:
         self.correct, self.answered = correct, answered
         self.check_result_file(final=False)
 
-        # Grading: the question box is answered "Nein" with its mnemonic.
+        # Grading: the question box is answered "Ja" with its mnemonic; the grade scale shows the
+        # default scale and Escape closes it and grades, as its own button does.
         def question_box():
             return next((w for w in ui.windows() if w.name == "Punktetabelle für Zensierung"),
                         None)
@@ -1309,9 +1393,9 @@ class Run:
         self.expect_focus(box, "push button", "Nein", "\"Nein\" focused in the grading question")
         nein = ui.one(box, "push button", "Nein")
         self.c.check(nein.has("is default"), "\"Nein\" read as the default button")
-        self.grade_from = datetime.datetime.now()
-        ui.key("n")
-        self.c.check(ui.wait(lambda: question_box() is None, 3), "N answers \"Nein\"")
+        ui.key("j")
+        self.c.check(ui.wait(lambda: question_box() is None, 3), "J answers \"Ja\"")
+        self.grade_scale()
         grade = grade_text(correct, answered)
         shown = ui.wait(lambda: next((n for n in ui.walk(window)
                                       if n.role == "label" and n.name.startswith("Zensur:")),
@@ -1321,7 +1405,7 @@ class Run:
                      f"read {describe(shown)}")
         self.c.check(ui.wait(lambda: ui.active_window() is not None and
                              ui.active_window().name == page_caption(11), 5),
-                     "page 11 active again after the question box")
+                     "page 11 active again after the grade scale")
         self.expect_focus(window, "push button", "Weiter zur Schlussseite",
                           "focus on \"Weiter zur Schlussseite\" after grading")
         self.check_grade_file(grade)
@@ -1330,6 +1414,33 @@ class Run:
                                   lambda: next((w for w in ui.windows() if w.name ==
                                                 END_PAGE_CAPTION), None),
                                   "the end page opens")
+
+    def grade_scale(self):
+        """The grade scale as a screen reader reads it, closed with Escape, which grades."""
+        ui = self.ui
+        screen = ui.window(GRADE_SCALE_CAPTION, timeout=5)
+        self.c.check(ui.wait(lambda: ui.active_window() is not None and
+                             ui.active_window().name == GRADE_SCALE_CAPTION, 5),
+                     "grade scale is the active window")
+        fields = [(n.name, n.text()) for n in ui.walk(screen) if n.role == "text"]
+        self.c.equal(fields, [(f"Mindest-Prozentsatz für die Zensur {5 - i}:", str(minimum))
+                              for i, minimum in enumerate(DEFAULT_GRADE_SCALE)],
+                     "grade scale fields named by their grade, holding the default scale")
+        self.c.equal([n.name for n in ui.walk(screen) if n.role == "push button"],
+                     [f"OK, Zensur {5 - i}" for i in range(5)] +
+                     ["Zensurentabelle ändern", "Zensieren"], "grade scale buttons")
+        self.expect_focus(screen, "text", "Mindest-Prozentsatz für die Zensur 5:",
+                          "grade scale opens with the focus on its first field")
+        self.grade_from = datetime.datetime.now()
+        ui.key("Escape")
+        closed = ui.window_gone(GRADE_SCALE_CAPTION, 2)
+        self.c.check(bool(closed), "Escape closes the grade scale", "it stays open",
+                     cause="escape")
+        if not closed:
+            ui.tab_to(screen, "push button", "Zensieren")
+            ui.key("space")
+            if not ui.window_gone(GRADE_SCALE_CAPTION, 3):
+                raise Abort("the grade scale does not close")
 
     def end_page(self, window):
         ui = self.ui
