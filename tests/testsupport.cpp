@@ -7,11 +7,52 @@
 
 #include <QDir>
 #include <QFile>
+#include <QListWidget>
+#include <QProcess>
 #include <QTest>
 #include <QTimer>
 
 void resetProgrammeState() {
     course = CourseState{};
+}
+
+QByteArray readFile(const QString &path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return file.readAll();
+}
+
+QString runProgram(const QString &program, const QStringList &arguments) {
+    QProcess process;
+    process.start(program, arguments);
+    if (!process.waitForFinished(30000) || process.exitCode() != 0)
+        return {};
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+void setGradeScale(const QList<int> &minimums) {
+    std::tie(course.gradeMin5, course.gradeMin4, course.gradeMin3, course.gradeMin2,
+             course.gradeMin1) =
+        std::tuple(std::int16_t(minimums.at(0)), std::int16_t(minimums.at(1)),
+                   std::int16_t(minimums.at(2)), std::int16_t(minimums.at(3)),
+                   std::int16_t(minimums.at(4)));
+}
+
+QStringList entryTexts(const QListWidget *list) {
+    QStringList texts;
+    for (int i = 0; i < list->count(); ++i)
+        texts.append(list->item(i)->text());
+    return texts;
+}
+
+bool clickEntry(QListWidget *list, const QString &text) {
+    const QList<QListWidgetItem *> found = list->findItems(text, Qt::MatchExactly);
+    if (found.size() != 1)
+        return false;
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualItemRect(found.first()).center());
+    return true;
 }
 
 TestProgramme::TestProgramme()
@@ -55,10 +96,7 @@ QString TestProgramme::path(const QString &fileName) const {
 }
 
 QByteArray TestProgramme::read(const QString &fileName) const {
-    QFile file(path(fileName));
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    return file.readAll();
+    return readFile(path(fileName));
 }
 
 void TestProgramme::write(const QString &fileName, const QByteArray &bytes) const {
