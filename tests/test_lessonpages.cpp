@@ -5,7 +5,6 @@
 #include "course.h"
 #include "lessonpage.h"
 #include "picture.h"
-#include "questionbank.h"
 #include "screens.h"
 #include "testsupport.h"
 #include "theme.h"
@@ -103,8 +102,8 @@ private Q_SLOTS:
     }
 
     // Every letter of every question: the verdict of the picture shown, the point, the step buttons
-    // and the focus, the points display and where a click into the answer field then sends the
-    // focus.
+    // and the focus, the points display, where a click into the answer field then sends the focus,
+    // and where "Nächste Frage" leads.
     void letters() {
         QFETCH(int, page);
         QFETCH(int, question);
@@ -137,42 +136,57 @@ private Q_SLOTS:
         QCOMPARE(p->focusWidget(), scores ? p->nextQuestionButton : p->retryButton);
         QCOMPARE(int(course.answerCorrectFlag), !scores ? 0 : page == 6 && question == 4 ? 10 : 1);
 
-        // A click into the answer field sends the focus to the button of the verdict. Page 8's
-        // scoring C of question 38 sends it to "try again", which is off: it stays in the field.
+        // A click into the answer field sends the focus to the button of the verdict, a right
+        // click does not. Page 8's scoring C of question 38 sends it to "try again", which is off:
+        // it stays in the field.
         QWidget *expected = !scores ? p->retryButton : p->nextQuestionButton;
         if (page == 8 && question == 3 && letter == u'C')
             expected = p->answerEdit;
         p->answerEdit->setFocus();
+        QTest::mouseClick(p->answerEdit, Qt::RightButton);
+        QCOMPARE(p->focusWidget(), p->answerEdit);
         QTest::mouseClick(p->answerEdit, Qt::LeftButton);
         QCOMPARE(p->focusWidget(), expected);
+
+        // After a right answer "Nächste Frage": only page 1 withdraws the button explanation (with
+        // question 2), and after question 5 the next page takes this one's place.
+        if (!scores)
+            return;
+        QCOMPARE(p->explanationPicture->isHidden(), page == 1 && question >= 2);
+        QTest::mouseClick(p->nextQuestionButton, Qt::LeftButton);
+        const ScreenId next = pageScreen(question == 5 ? page + 1 : page);
+        QVERIFY(Screens::loaded(next) && Screens::activeScreen() == Screens::loaded(next));
+        QCOMPARE(Screens::loaded(pageScreen(page)) == nullptr, question == 5);
     }
 
     void pageRules_data() {
         QTest::addColumn<int>("page");
-        QTest::addColumn<int>("blanks");
-        QTest::addColumn<QByteArray>("saved"); // StartQelB.txt after "hier weiterarbeiten"
-        for (int page = 1; page <= 10; ++page) {
+        QTest::addColumn<bool>("restart");     // "von vorn beginnen", else "hier weiterarbeiten"
+        QTest::addColumn<bool>("writable");    // else the programme folder has gone
+        QTest::addColumn<QByteArray>("saved"); // StartQelB.txt then
+        for (int page = 1; page <= 8; ++page) {
             QTest::addRow("page %d", page)
-                << page << (page == 10 ? 114 : 116)
+                << page << false << true
                 << (page == 1 ? QByteArray("\"1\"\r\n1\r\n2\r\n")
                               : "\"" + QByteArray::number(page) + "\"\r\n");
         }
+        QTest::addRow("page 9, folder gone") << 9 << false << false << QByteArray();
+        QTest::addRow("page 10, von vorn beginnen")
+            << 10 << true << true << QByteArray("\"50\"\r\n");
     }
 
-    // What a page shows at first and what differs between pages: ">>" and "<<", caption, counts at
-    // load, timers, texts, the hide loops of "try again" and "next question", and what "hier
-    // weiterarbeiten" saves after one wrong and one right answer.
+    // What a page shows at first and what differs between pages: "<<", counts at load, texts,
+    // the hide loops of "try again" and "next question", and what the exit frame saves after one
+    // wrong and one right answer.
     void pageRules() {
         QFETCH(int, page);
-        QFETCH(int, blanks);
+        QFETCH(bool, restart);
+        QFETCH(bool, writable);
         QFETCH(QByteArray, saved);
         const bool first = page == 1;
 
         TestProgramme prog;
-        // ">>" opens the next screen and unloads the page; "<<" from a fresh copy the previous one.
-        QTest::mouseClick(openPage(prog, page)->nextPageButton, Qt::LeftButton);
-        QVERIFY(Screens::loaded(pageScreen(page + 1)) && !Screens::loaded(pageScreen(page)));
-        settle();
+        // "<<" opens the previous screen and unloads the page (">>" the end-to-end test).
         QTest::mouseClick(openPage(prog, page)->previousPageButton, Qt::LeftButton);
         QVERIFY(Screens::loaded(first ? ScreenId::ControlCentre : pageScreen(page - 1)) &&
                 !Screens::loaded(pageScreen(page)));
@@ -181,30 +195,23 @@ private Q_SLOTS:
         course.correctCount = 7;
         course.answeredCount = 9;
         LessonPage *p = openPage(prog, page);
-        QCOMPARE(p->windowTitle(), u"Kelvora"_s + QString(blanks, u' ') + u"Seite %1"_s.arg(page));
         QCOMPARE(p->pointsLabel->text(), first ? u" 0 von 0"_s : u" 7 von 9"_s);
         QVERIFY(p->paceNote->isHidden() && !p->paceTimer->isActive() && p->exitFrame->isHidden());
-        QVERIFY(!p->nextQuestionButton->isEnabled() && !p->retryButton->isEnabled());
         QCOMPARE(p->optionsHeading->text(), u"Auswahl-\nAntworten:"_s);
         QCOMPARE(p->paceNote->text(),
                  u"Hinweis:\nDamit du dir bei diesem Lernprogramm viel merken kannst, ist es "
                  u"notwendig, dass  du dir die Fragen gründlich durchliest, bevor du sie "
                  u"beantwortest.\n\nDu arbeitest also zu hastig!"_s);
-        QCOMPARE(p->answerEdit->accessibleName(), u"Antwort"_s);
         for (QPushButton *button : {p->nextQuestionButton, p->retryButton, p->endButton}) {
             QVERIFY(!button->icon().isNull());
             QCOMPARE(button->toolTip(), button->accessibleName());
         }
-        QCOMPARE(p->nextQuestionButton->accessibleName() + u'|' + p->retryButton->accessibleName() +
-                     u'|' + p->endButton->accessibleName(),
-                 u"Nächste Frage|Aufgabe wiederholen|Beenden"_s);
         // A click into the empty answer field leaves the focus there.
         p->answerEdit->setFocus();
         QTest::mouseClick(p->answerEdit, Qt::LeftButton);
         QCOMPARE(p->focusWidget(), p->answerEdit);
 
         // Page 1 alone introduces the control buttons with two timers and a hint label.
-        QCOMPARE(p->findChildren<QTimer *>().size(), first ? 3 : 1);
         QCOMPARE(p->explanationHint != nullptr, first);
         if (first)
             QCOMPARE(p->explanationHint->text(), u"Erklärung der Buttons ein- und ausschalten: "
@@ -255,101 +262,91 @@ private Q_SLOTS:
         QTest::mouseClick(p->nextQuestionButton, Qt::LeftButton);
         QCOMPARE(visible(p->feedbackPictures), QList<int>());
 
+        // "Ich möchte nicht beenden" closes the exit frame and its cover without saving; the
+        // other two save and end the programme, without a word where the file cannot be written.
         QTest::mouseClick(p->endButton, Qt::LeftButton);
-        QVERIFY(!p->exitFrame->isHidden());
-        QTest::mouseClick(p->resumeButton, Qt::LeftButton);
-        QVERIFY(Screens::programmeEnded());
+        QVERIFY(!p->exitFrame->isHidden() && !p->exitCover->isHidden());
+        QTest::mouseClick(p->stayButton, Qt::LeftButton);
+        QVERIFY(p->exitFrame->isHidden() && p->exitCover->isHidden() &&
+                prog.read(u"StartQelB.txt"_s).isNull());
+        if (!writable)
+            course.startFilePath = prog.path(u"gone/StartQelB.txt"_s);
+        QTest::mouseClick(p->endButton, Qt::LeftButton);
+        QTest::mouseClick(restart ? p->restartButton : p->resumeButton, Qt::LeftButton);
+        QVERIFY(Screens::programmeEnded() && !Screens::anyLoaded());
         QCOMPARE(prog.read(u"StartQelB.txt"_s), saved);
     }
 
-    void typedLetters_data() {
+    void typing_data() {
+        QTest::addColumn<int>("question");
+        QTest::addColumn<double>("pause");  // seconds before each try
         QTest::addColumn<QString>("typed"); // "!" stands for the try-again button
         QTest::addColumn<QString>("field");
         QTest::addColumn<QList<int>>("pictures");
         QTest::addColumn<QString>("points");
         QTest::addColumn<bool>("again"); // try-again button on
-        const auto row = [](const char *typed, const char *field, const QList<int> &pictures,
-                            const char *points, bool again) {
-            QTest::newRow(typed) << QString::fromLatin1(typed) << QString::fromLatin1(field)
-                                 << pictures << QString::fromLatin1(points) << again;
+        QTest::addColumn<bool>("note");  // the pace note shows
+        const auto row = [](const char *name, int question, double pause, const char *typed,
+                            const char *field, const QList<int> &pictures, const char *points,
+                            bool again, bool note) {
+            QTest::newRow(name) << question << pause << QString::fromLatin1(typed)
+                                << QString::fromLatin1(field) << pictures
+                                << QString::fromLatin1(points) << again << note;
         };
-        row("A", "A", {0}, " 0 von 1", true);
-        row("b", "B", {1}, " 0 von 1", true);
-        row("C", "C", {2}, " 1 von 1", false);
-        row(" ", "", {}, " 0 von 0", false);
-        row("d", "", {}, " 0 von 0", false);
-        row("xc", "C", {2}, " 1 von 1", false);
-        row("abc", "C", {0}, " 0 von 1", true); // letters over a verdict are not evaluated again
-        row("a!", "", {}, " 0 von 1", false);
-        row("a!b!c", "C", {2}, " 1 von 3", false);
+        row("a blank", 1, 10, " ", "", {}, " 0 von 0", false, false);
+        row("a letter other than A, B, C first", 1, 10, "xc", "C", {2}, " 1 von 1", false, false);
+        row("letters over a verdict", 1, 10, "abc", "C", {0}, " 0 von 1", true, false);
+        row("trying again", 1, 1, "a!b!c", "C", {2}, " 1 von 3", false, true);
+        row("question 1 at 8.9 s", 1, 8.9, "b", "B", {1}, " 0 von 1", true, true);
+        row("question 1 at 9 s", 1, 9, "b", "B", {1}, " 0 von 1", true, false);
+        row("question 2 at 4.9 s", 2, 4.9, "b", "B", {4}, " 2 von 2", false, true);
+        row("question 2 at 5 s", 2, 5, "b", "B", {4}, " 2 von 2", false, false);
     }
 
-    // Page 1's first question typed into, with and without trying again.
-    void typedLetters() {
+    // Typing into page 1, with and without trying again. A verdict sooner than 9 seconds into the
+    // first question or 5 into a later one shows the pace note and locks the page buttons until
+    // Timer1 ticks; Timer1 keeps running afterwards. A new try does not restart the clock.
+    void typing() {
+        QFETCH(int, question);
+        QFETCH(double, pause);
         QFETCH(QString, typed);
         QFETCH(QString, field);
         QFETCH(QList<int>, pictures);
         QFETCH(QString, points);
         QFETCH(bool, again);
+        QFETCH(bool, note);
         TestProgramme prog;
         LessonPage *page = openPage(prog, 1);
+        goToQuestion(prog, page, question);
         const QStringList tries = typed.split(u'!');
         for (qsizetype i = 0; i < tries.size(); ++i) {
             if (i > 0)
                 QTest::mouseClick(page->retryButton, Qt::LeftButton);
-            prog.advance(1);
+            prog.advance(pause);
             QTest::keyClicks(page->answerEdit, tries[i]);
         }
         QCOMPARE(page->answerEdit->text(), field);
         QCOMPARE(visible(page->feedbackPictures), pictures);
         QCOMPARE(page->pointsLabel->text(), points);
         QCOMPARE(lightGreyAndEnabled(page->retryButton), again);
-        if (typed.endsWith(u'!'))
-            QCOMPARE(page->focusWidget(), page->answerEdit);
-        QCOMPARE(course.questionStartTime,
-                 36000); // a new try does not restart the question's clock
-    }
-
-    void paceNote_data() {
-        QTest::addColumn<int>("question");
-        QTest::addColumn<double>("after");
-        QTest::addColumn<bool>("tooFast");
-        QTest::addRow("first question at 8.9 s") << 1 << 8.9 << true;
-        QTest::addRow("first question at 9 s") << 1 << 9.0 << false;
-        QTest::addRow("second question at 4.9 s") << 2 << 4.9 << true;
-        QTest::addRow("second question at 5 s") << 2 << 5.0 << false;
-    }
-
-    // A verdict sooner than 9 seconds into the first question or 5 into a later one shows the pace
-    // note and locks the page buttons until Timer1 ticks; Timer1 keeps running afterwards.
-    void paceNote() {
-        QFETCH(int, question);
-        QFETCH(double, after);
-        QFETCH(bool, tooFast);
-        TestProgramme prog;
-        LessonPage *page = openPage(prog, 1);
-        goToQuestion(prog, page, question);
-        prog.advance(after);
-        QTest::keyClicks(page->answerEdit, u"b"_s);
-        QCOMPARE(visible(page->feedbackPictures).size(), 1); // the verdict comes either way
-        QCOMPARE(!page->paceNote->isHidden(), tooFast);
-        QCOMPARE(page->paceTimer->isActive(), tooFast);
-        QCOMPARE(page->previousPageButton->isEnabled(), !tooFast);
-        QCOMPARE(page->nextPageButton->isEnabled(), !tooFast);
-        QCOMPARE(page->endButton->isEnabled(), !tooFast);
-        if (!tooFast)
+        QCOMPARE(course.questionStartTime, 36000 + 10 * (question - 1));
+        QCOMPARE(!page->paceNote->isHidden(), note);
+        QCOMPARE(page->paceTimer->isActive(), note);
+        for (QPushButton *button :
+             {page->previousPageButton, page->nextPageButton, page->endButton})
+            QCOMPARE(button->isEnabled(), !note);
+        if (!note)
             return;
         QCOMPARE(page->endButton->palette().color(QPalette::Button), Theme::buttonFace());
         fireTimer(page->paceTimer);
-        QVERIFY(page->paceNote->isHidden());
+        QVERIFY(page->paceNote->isHidden() && page->paceTimer->isActive());
         QVERIFY(page->previousPageButton->isEnabled() && page->nextPageButton->isEnabled());
         QVERIFY(lightGreyAndEnabled(page->endButton));
-        QVERIFY(page->paceTimer->isActive());
     }
 
     // The button explanation: shown at first, withdrawn by its timer with a hint until the next
-    // timer, switched by its menu entry, and withdrawn for good by a right answer to question 2.
-    // The points are switched by theirs.
+    // timer, switched by its menu entry (never together with the hint), and withdrawn for good by
+    // a right answer to question 2. The points are switched by theirs.
     void menuSwitches() {
         TestProgramme prog;
         LessonPage *page = openPage(prog, 1);
@@ -358,13 +355,14 @@ private Q_SLOTS:
         QVERIFY(page->explanationPicture->isHidden() && !page->explanationEntry->isChecked());
         QVERIFY(!page->explanationHint->isHidden() && page->hintTimer->isActive());
         QVERIFY(!page->explanationTimer->isActive());
-        fireTimer(page->hintTimer);
-        QVERIFY(page->explanationHint->isHidden() && !page->hintTimer->isActive());
 
         page->explanationEntry->trigger();
         QVERIFY(!page->explanationPicture->isHidden() && page->explanationEntry->isChecked());
+        QVERIFY(page->explanationHint->isHidden());
         page->explanationEntry->trigger();
         QVERIFY(page->explanationPicture->isHidden() && !page->explanationEntry->isChecked());
+        fireTimer(page->hintTimer);
+        QVERIFY(page->explanationHint->isHidden() && !page->hintTimer->isActive());
 
         page->explanationEntry->trigger();
         page->pointsEntry->trigger();
@@ -385,77 +383,25 @@ private Q_SLOTS:
     void overview_data() {
         QTest::addColumn<int>("line");
         QTest::addColumn<int>("opened");
-        QTest::addRow("page 1 stays") << 0 << int(ScreenId::Page1);
         QTest::addRow("page 2") << 1 << int(ScreenId::Page2);
         QTest::addRow("page 11") << 10 << int(ScreenId::FinalTest);
     }
 
-    // A line of the overview unloads the page and opens the chosen one; the line of this very
-    // page only closes the overview, and the page keeps its question and its counts.
+    // A line of the overview unloads the page and opens the chosen one; "Schließen" only closes.
     void overview() {
         QFETCH(int, line);
         QFETCH(int, opened);
         TestProgramme prog;
         QPointer<LessonPage> page = openPage(prog, 1);
-        goToQuestion(prog, page, 2);
-        QTest::keyClicks(page->answerEdit, u"a"_s);
-        page->overviewEntry->trigger();
-        QVERIFY(!page->overviewFrame->isHidden() && !page->overviewBorder->isHidden());
-        QCOMPARE(page->overviewLines[0]->text(), u"Seite 1 (Frage 1 -  5)"_s);
-        QTest::mouseClick(page->overviewLines[line], Qt::LeftButton);
-        settle();
-        QCOMPARE(page.isNull(), line != 0);
-        QVERIFY(!Screens::programmeEnded());
-        QCOMPARE(Screens::activeScreen(), Screens::loaded(ScreenId(opened)));
-        if (!page)
-            return;
-        QCOMPARE(page->pointsLabel->text(), u" 1 von 2"_s);
-        QVERIFY(!page->questionPictures[1]->isHidden() && !page->feedbackPictures[3]->isHidden());
-        QVERIFY(page->overviewFrame->isHidden() && page->overviewBorder->isHidden());
-        QTest::mouseClick(page->retryButton, Qt::LeftButton);
         page->overviewEntry->trigger();
         QTest::mouseClick(page->overviewCloseButton, Qt::LeftButton);
         QVERIFY(page->overviewFrame->isHidden() && page->overviewBorder->isHidden());
-        QCOMPARE(page->focusWidget(), page->answerEdit);
-    }
-
-    void exitFrame_data() {
-        QTest::addColumn<bool>("resumeHere");
-        QTest::addColumn<bool>("writable");
-        QTest::addColumn<QByteArray>("expected");
-        QTest::addRow("hier weiterarbeiten") << true << true << QByteArray("\"1\"\r\n1\r\n1\r\n");
-        QTest::addRow("von vorn beginnen") << false << true << QByteArray("\"50\"\r\n");
-        QTest::addRow("hier weiterarbeiten, folder gone") << true << false << QByteArray();
-        QTest::addRow("von vorn beginnen, folder gone") << false << false << QByteArray();
-    }
-
-    // "Ich möchte nicht beenden" closes the frame without saving; the other two save and end the
-    // programme.
-    void exitFrame() {
-        QFETCH(bool, resumeHere);
-        QFETCH(bool, writable);
-        QFETCH(QByteArray, expected);
-        TestProgramme prog;
-        LessonPage *page = openPage(prog, 1);
-        QTest::mouseClick(page->endButton, Qt::LeftButton);
-        QVERIFY(!page->exitFrame->isHidden() && !page->exitCover->isHidden());
-        QTest::mouseClick(page->stayButton, Qt::LeftButton);
-        QVERIFY(page->exitFrame->isHidden() && page->exitCover->isHidden());
-        QCOMPARE(page->focusWidget(), page->answerEdit);
-        type(prog, page, u"c"_s);
-        QTest::mouseClick(page->endButton, Qt::LeftButton);
-        QTest::mouseClick(page->stayButton, Qt::LeftButton);
-        QCOMPARE(page->focusWidget(), page->endButton);
-        QVERIFY(prog.read(u"StartQelB.txt"_s).isNull());
-        QVERIFY(!Screens::programmeEnded());
-
-        if (!writable)
-            course.startFilePath = prog.path(u"gone/StartQelB.txt"_s);
-        QTest::mouseClick(page->endButton, Qt::LeftButton);
-        QTest::mouseClick(resumeHere ? page->resumeButton : page->restartButton, Qt::LeftButton);
-        QVERIFY(Screens::programmeEnded());
-        QVERIFY(!Screens::anyLoaded());
-        QCOMPARE(prog.read(u"StartQelB.txt"_s), expected);
+        page->overviewEntry->trigger();
+        QVERIFY(!page->overviewFrame->isHidden() && !page->overviewBorder->isHidden());
+        QTest::mouseClick(page->overviewLines[line], Qt::LeftButton);
+        settle();
+        QVERIFY(page.isNull() && !Screens::programmeEnded());
+        QCOMPARE(Screens::activeScreen(), Screens::loaded(ScreenId(opened)));
     }
 
     void pictureTexts_data() {
@@ -472,25 +418,10 @@ private Q_SLOTS:
         row("question 3 A names the repeat button", 1, "Image3_6",
             u"Falsch! Antworte noch einmal. (Schaltknopf „Aufgabe wiederholen“ )",
             ":/button-repeat.svg");
-        row("bebündelt", 6, "Image3_2",
-            u"Falsch! Durch die Heizung können die Elektronen nicht bebündelt werden. Antworte "
-            u"noch "
-            u"einmal.");
-        row("Ladungsträgerr", 7, "Image3_4",
-            u"Falsch! In p-leitendem Halbleitermaterial sind positive Ladungsträger in der "
-            u"Überzahl. "
-            u"Um welche Ladungsträgerr handelt es sich? Antworte noch einmal.");
-        row("Sperrrichtung", 8, "Image3_0",
-            u"Falsch! Die Halbleiterdiode ist in Sperrrichtung gepolt. Antworte noch einmal.");
-        row("Sperrichtung", 8, "Image3_2",
+        row("Sperrichtung, in green", 8, "Image3_2",
             u"Richtig! Die Halbleiterdiode ist in Sperrichtung gepolt und lässt deshalb keinen "
-            u"Strom "
-            u"fließen.",
+            u"Strom fließen.",
             "color:#0a6e1e");
-        row("Transisistors", 9, "Image2_0",
-            u"A) Das ist das Schaltzeichen eines npn-Transisistors. B) Das ist das Schaltzeichen "
-            u"eines "
-            u"pnp-Transistors. C) Das ist das Schaltzeichen einer Halbleiterdiode.");
         row("question 42 subscripts", 9, "Image1_1",
             u"42. Vergleiche bei einem Transistor den Basisstrom IB mit dem Kollektorstrom IC.",
             "I<sub>B</sub>");
@@ -502,8 +433,8 @@ private Q_SLOTS:
             u"Sie arbeiten als A) als Verstärker B) als Gleichrichter C) als Schalter");
     }
 
-    // Texts of single pictures as the page shows them and a screen reader reads them, slips of the
-    // pen included.
+    // Texts of single pictures as the page shows them and a screen reader reads them: what the
+    // page adds to the question bank's texts, and its markup.
     void pictureTexts() {
         QFETCH(int, page);
         QFETCH(QString, picture);
@@ -522,9 +453,10 @@ private Q_SLOTS:
         QTest::addColumn<int>("question");
         QTest::addColumn<QString>("text");
         QTest::newRow("diode in a circuit")
-            << 8 << 1 << u"36. Fließt Strom durch die abgebildete Halbleiterdiode?"_s;
-        QTest::newRow("two lamps") << 8 << 4 << u"39. Welche Lampe leuchtet?"_s;
-        QTest::newRow("transistor symbol") << 9 << 1 << u"41. Was zeigt das Bild?"_s;
+            << 8 << 1 << u"36. Fließt Strom durch die abgebildete Halbleiterdiode? Schaltplan:"_s;
+        QTest::newRow("two lamps") << 8 << 4 << u"39. Welche Lampe leuchtet? Schaltplan:"_s;
+        QTest::newRow("transistor symbol")
+            << 9 << 1 << u"41. Was zeigt das Bild? Schaltzeichen in einem Kreis:"_s;
     }
 
     // The three drawn questions: the drawing is painted on the page, at a readable size, and a
@@ -537,8 +469,7 @@ private Q_SLOTS:
         LessonPage *p = openPage(prog, page);
         goToQuestion(prog, p, question);
         Picture *picture = p->questionPictures[question - 1];
-        QCOMPARE(picture->accessibleName(),
-                 text + u' ' + pageBank(page).questions[question - 1].drawingDescription);
+        QVERIFY2(picture->accessibleName().startsWith(text), qPrintable(picture->accessibleName()));
 
         p->show();
         QVERIFY(QTest::qWaitForWindowExposed(p));
@@ -551,36 +482,6 @@ private Q_SLOTS:
         for (int i = 0; i < image.width() * image.height(); ++i)
             dark += qGray(image.pixel(i % image.width(), i / image.width())) < 96 ? 1 : 0;
         QVERIFY2(dark > 400, qPrintable(QString::number(dark)));
-    }
-
-    // Every question answered right, page after page: each step clears the way for the next one,
-    // the counts run on, only page 1 withdraws the button explanation, page 10 leads to the final
-    // test.
-    void runThroughAllPages() {
-        TestProgramme prog;
-        LessonPage *p = openPage(prog, 1);
-        for (int page = 1; page <= 10; ++page) {
-            QVERIFY(p);
-            QCOMPARE(p->pointsLabel->text(), u" %1 von %1"_s.arg((page - 1) * 5));
-            for (int q = 1; q <= 5; ++q) {
-                type(prog, p, rightLetter(page, q));
-                if (q == 5)
-                    QCOMPARE(p->explanationPicture->isHidden(), page == 1);
-                QTest::mouseClick(p->nextQuestionButton, Qt::LeftButton);
-                if (q < 5) {
-                    QVERIFY(!p->nextQuestionButton->isEnabled());
-                    QCOMPARE(p->focusWidget(), p->answerEdit);
-                }
-            }
-            QVERIFY(!Screens::loaded(pageScreen(page)));
-            settle();
-            if (page < 10)
-                p = Screens::loaded<LessonPage>(pageScreen(page + 1));
-        }
-        QVERIFY(Screens::loaded(ScreenId::FinalTest) &&
-                Screens::activeScreen() == Screens::loaded(ScreenId::FinalTest));
-        QCOMPARE(int(course.correctCount), 50);
-        QCOMPARE(int(course.answeredCount), 50);
     }
 };
 
