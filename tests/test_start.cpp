@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Start-up: reading the start position and opening the page named there.
 #include "course.h"
-#include "picture.h"
 #include "screens.h"
 #include "shell.h"
-#include "startscreen.h"
 #include "testsupport.h"
 
-#include <QPushButton>
 #include <QTest>
 
 class TestStart : public QObject {
@@ -81,18 +78,6 @@ private Q_SLOTS:
         QCOMPARE(QList<int>({course.gradeMin5, course.gradeMin4, course.gradeMin3, course.gradeMin2,
                              course.gradeMin1}),
                  QList<int>({20, 40, 60, 80, 96}));
-    }
-
-    void continueOpensTheControlCentre() {
-        TestProgramme programme;
-        auto *start = Screens::show<StartScreen>(ScreenId::Start);
-        QVERIFY(start->spareArt->isHidden() && !start->titleArt->isHidden());
-        QTest::mouseClick(start->continueButton, Qt::LeftButton);
-        settle();
-        QCOMPARE(ProbeForm::log, QStringList({QStringLiteral("Steuerzentrum:load"),
-                                              QStringLiteral("Steuerzentrum:activate")}));
-        QVERIFY(!Screens::loaded(ScreenId::Start));
-        QVERIFY(!Screens::programmeEnded());
     }
 };
 
