@@ -21,6 +21,10 @@
 
 #include <optional>
 
+#if defined(Q_OS_UNIX)
+#include <unistd.h>
+#endif
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -30,29 +34,55 @@ const QByteArray kResumeAtPage11 = "\"11\"\r\n0\r\n";
 const QByteArray kGrade2 = "Programm Kelvora:           Zensur:   2\r\n\r\n22.11.2026 14:05:09\r\n";
 const QByteArray kOld = "old content\r\n";
 
-// Makes a file or folder write-protected as a pupil's account finds it: no write permission and,
-// for root, whom permissions do not stop, the immutable flag. Undone when it goes.
+// Makes a file or folder write-protected as a pupil's account finds it: no write permission.
+// Root, whom permissions do not stop, meets a protected file as an immutable one, and a protected
+// folder as the unprivileged user nobody, for whom the files in it stay writable. Undone when it
+// goes (the files keep their write permission).
 class WriteProtection {
 public:
     explicit WriteProtection(const QString &path)
         : path_(path)
         , permissions_(QFile::permissions(path)) {
-        QFile::setPermissions(path, permissions_ & ~(QFile::WriteOwner | QFile::WriteUser |
-                                                     QFile::WriteGroup | QFile::WriteOther));
-        if (QFileInfo(path).isWritable())
+        const auto write =
+            QFile::WriteOwner | QFile::WriteUser | QFile::WriteGroup | QFile::WriteOther;
+        QFile::setPermissions(path, permissions_ & ~write);
+#if defined(Q_OS_UNIX)
+        if (::geteuid() != 0) {
+            return;
+        } else if (!QFileInfo(path).isDir()) {
             runProgram(u"chattr"_s, {u"+i"_s, path});
+            return;
+        }
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup |
+                                        QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther);
+        for (const QFileInfo &file : QDir(path).entryInfoList(QDir::Files))
+            QFile::setPermissions(file.filePath(), file.permissions() | write);
+        asNobody_ = ::seteuid(65534) == 0;
+#endif
     }
     ~WriteProtection() {
+#if defined(Q_OS_UNIX)
+        if (asNobody_)
+            (void)::seteuid(0);
+#endif
         runProgram(u"chattr"_s, {u"-i"_s, path_});
         QFile::setPermissions(path_, permissions_);
     }
     WriteProtection(const WriteProtection &) = delete;
     WriteProtection &operator=(const WriteProtection &) = delete;
-    bool holds() const { return !QFileInfo(path_).isWritable(); }
+    // Whether the protection holds for this process: the file cannot be written, no file can be
+    // made in the folder.
+    bool holds() const {
+        if (!QFileInfo(path_).isDir())
+            return !QFileInfo(path_).isWritable();
+        QFile probe(QDir(path_).filePath(u"probe"_s));
+        return !probe.open(QIODevice::WriteOnly) || !probe.remove();
+    }
 
 private:
     QString path_;
     QFile::Permissions permissions_;
+    bool asNobody_ = false;
 };
 
 // Every file of the folder: the writers leave no temporary file behind.
