@@ -404,16 +404,16 @@ private Q_SLOTS:
         QCOMPARE(Screens::activeScreen(), Screens::loaded(ScreenId(opened)));
     }
 
-    void pictureTexts_data() {
+    void pictures_data() {
         QTest::addColumn<int>("page");
         QTest::addColumn<QString>("picture"); // Image1_<question>, Image2_<question>, Image3_<n>
         QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("markup"); // a piece of the picture's rich text, or empty
-
+        QTest::addColumn<QString>("markup");      // a piece of the picture's rich text, or empty
+        QTest::addColumn<QString>("description"); // the opening of a drawing's description
         const auto row = [](const char *name, int page, const char *picture, const char16_t *text,
-                            const char *markup = "") {
+                            const char *markup, const char16_t *description = u"") {
             QTest::newRow(name) << page << QString::fromLatin1(picture) << QString::fromUtf16(text)
-                                << QString::fromUtf8(markup);
+                                << QString::fromUtf8(markup) << QString::fromUtf16(description);
         };
         row("question 3 A names the repeat button", 1, "Image3_6",
             u"Falsch! Antworte noch einmal. (Schaltknopf „Aufgabe wiederholen“ )",
@@ -430,50 +430,37 @@ private Q_SLOTS:
         row("question 47 gain factor", 10, "Image1_1",
             u"47. Wie berechnet man den Stromverstärkungsfaktor β eines Transistors?", "<i>β</i>");
         row("question 50 with its lead-in", 10, "Image2_4",
-            u"Sie arbeiten als A) als Verstärker B) als Gleichrichter C) als Schalter");
+            u"Sie arbeiten als A) als Verstärker B) als Gleichrichter C) als Schalter", "");
+        row("drawing: diode in a circuit", 8, "Image1_0",
+            u"36. Fließt Strom durch die abgebildete Halbleiterdiode?", "", u"Schaltplan:");
+        row("drawing: two lamps", 8, "Image1_3", u"39. Welche Lampe leuchtet?", "", u"Schaltplan:");
+        row("drawing: transistor symbol", 9, "Image1_0", u"41. Was zeigt das Bild?", "",
+            u"Schaltzeichen in einem Kreis:");
     }
 
-    // Texts of single pictures as the page shows them and a screen reader reads them: what the
-    // page adds to the question bank's texts, and its markup.
-    void pictureTexts() {
+    // Single pictures as the page shows them and a screen reader reads them: what the page adds
+    // to the question bank's texts, and its markup. A drawn question is read with the description
+    // of its drawing, and the drawing is painted on the page at a readable size.
+    void pictures() {
         QFETCH(int, page);
         QFETCH(QString, picture);
         QFETCH(QString, text);
         QFETCH(QString, markup);
-        TestProgramme prog;
-        const Picture *shown = openPage(prog, page)->findChild<Picture *>(picture);
-        QVERIFY(shown);
-        QCOMPARE(shown->plainText(), text);
-        QCOMPARE(shown->accessibleName(), text);
-        QVERIFY2(shown->html().contains(markup), qPrintable(shown->html()));
-    }
-
-    void drawings_data() {
-        QTest::addColumn<int>("page");
-        QTest::addColumn<int>("question");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("diode in a circuit")
-            << 8 << 1 << u"36. Fließt Strom durch die abgebildete Halbleiterdiode? Schaltplan:"_s;
-        QTest::newRow("two lamps") << 8 << 4 << u"39. Welche Lampe leuchtet? Schaltplan:"_s;
-        QTest::newRow("transistor symbol")
-            << 9 << 1 << u"41. Was zeigt das Bild? Schaltzeichen in einem Kreis:"_s;
-    }
-
-    // The three drawn questions: the drawing is painted on the page, at a readable size, and a
-    // screen reader hears the question together with the description of the drawing.
-    void drawings() {
-        QFETCH(int, page);
-        QFETCH(int, question);
-        QFETCH(QString, text);
+        QFETCH(QString, description);
         TestProgramme prog;
         LessonPage *p = openPage(prog, page);
-        goToQuestion(prog, p, question);
-        Picture *picture = p->questionPictures[question - 1];
-        QVERIFY2(picture->accessibleName().startsWith(text), qPrintable(picture->accessibleName()));
-
+        const Picture *shown = p->findChild<Picture *>(picture);
+        QVERIFY(shown);
+        QCOMPARE(shown->plainText(), text);
+        const QString read = description.isEmpty() ? text : text + u' ' + description;
+        QCOMPARE(shown->accessibleName().left(description.isEmpty() ? -1 : read.size()), read);
+        QVERIFY2(shown->html().contains(markup), qPrintable(shown->html()));
+        if (description.isEmpty())
+            return;
+        goToQuestion(prog, p, picture.mid(7).toInt() + 1);
         p->show();
         QVERIFY(QTest::qWaitForWindowExposed(p));
-        auto *view = picture->findChild<SvgView *>();
+        auto *view = shown->findChild<SvgView *>();
         QVERIFY(view);
         QVERIFY(view->height() >= 72 && view->height() <= 110);
         QVERIFY(p->height() <= 600);

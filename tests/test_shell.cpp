@@ -120,8 +120,8 @@ private Q_SLOTS:
         QCOMPARE(arrivals, (Arrivals{{ScreenId::Page10, true}}));
     }
 
-    // "Ende" asks first (the question box as Qt draws it, in German), and Escape there answers
-    // "Nein"; the close box ends at once, "Zurück" goes back to page 11. None of them writes.
+    // "Ende" asks first, and Escape answers "Nein"; the close box ends at once, "Zurück" goes back
+    // to page 11. None of them writes.
     void endPage_data() {
         QTest::addColumn<QString>("button"); // on the end page; empty: its close box
         QTest::addColumn<bool>("ended");
@@ -140,30 +140,22 @@ private Q_SLOTS:
         auto *end = Screens::show<EndPage>(ScreenId::EndPage);
         QVERIFY(end->circuitArt->isVisible());
 
-        QString seen; // title, text, buttons, default button and icon of the real question box
+        // The real question box, whose title, text and buttons the end-to-end test reads: a
+        // question icon, and Escape answers "Nein".
+        bool asked = false;
         Seams::setYesNo({});
-        QTimer::singleShot(0, qApp, [&seen] { // runs in the box's own event loop
-            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-            if (!box)
-                return;
-            QStringList buttons;
-            for (QAbstractButton *b : box->buttons())
-                buttons.append(b->text().remove(u'&'));
-            buttons.sort();
-            QAbstractButton *byDefault = box->defaultButton();
-            seen = box->windowTitle() + u'|' + box->text() + u'|' + buttons.join(u' ') + u'|' +
-                   (byDefault ? byDefault->text().remove(u'&') : QString()) +
-                   (box->icon() == QMessageBox::Question ? u"|Frage"_s : u"|?"_s);
-            QTest::keyClick(box, Qt::Key_Escape);
+        QTimer::singleShot(0, qApp, [&asked] { // runs in the box's own event loop
+            if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
+                asked = box->icon() == QMessageBox::Question;
+                QTest::keyClick(box, Qt::Key_Escape);
+            }
         });
         if (button.isEmpty())
             end->close();
         for (QPushButton *b : end->findChildren<QPushButton *>())
             if (!button.isEmpty() && b->text() == button)
                 QTest::mouseClick(b, Qt::LeftButton);
-        QCOMPARE(seen, stays ? u"Ende?|Möchtest du wirklich die gesamte Arbeit beenden?|Ja Nein|"
-                               u"Nein|Frage"_s
-                             : QString());
+        QCOMPARE(asked, stays);
         QCOMPARE(arrivals,
                  (button == u"Zurück" ? Arrivals{{ScreenId::FinalTest, false}} : Arrivals()));
         settle();
