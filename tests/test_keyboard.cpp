@@ -175,7 +175,7 @@ private Q_SLOTS:
     // Enter, Return and keypad Enter press the focused push button, a held key once; the answer
     // field ignores them. Escape closes the panel in front, elsewhere it does nothing. The exit
     // frame opens on its harmless control and keeps Tab inside; the line of this page only
-    // closes the overview.
+    // closes the overview. The arrow keys move between the control centre's topics.
     void keys_data() {
         QTest::addColumn<int>("screen");
         // Before the keys: a menu entry, a control clicked, or "@control" given the focus.
@@ -209,6 +209,10 @@ private Q_SLOTS:
         row("Tab in the exit frame", ScreenId::FinalTest, "Command3", "Tab Tab Tab Backtab",
             "Qel11 Frame10", "Command10");
         row("line of this page", ScreenId::FinalTest, "mnuWo", "Space", "Qel11", "Option1_0");
+        row("control centre: arrow keys move without choosing", ScreenId::ControlCentre,
+            "@Command2", "Tab Down Up Up Left", "Steuerzentrum", "Option1_9");
+        row("control centre: Space chooses", ScreenId::ControlCentre, "@Option1_9", "Space",
+            "Qel10", "");
     }
     void keys() {
         QFETCH(int, screen);
