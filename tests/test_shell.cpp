@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The control centre, the end page with Qt's own German question box, and the information screens.
+// The control centre, the end page with its question box, and the information screens.
 #include "application.h"
 #include "controlcentre.h"
 #include "course.h"
