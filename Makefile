@@ -2,7 +2,9 @@
 PRESET ?= default
 BUILD_DIR := build/$(PRESET)
 
-.PHONY: all build run test unit lint bench clean configure
+FUZZ_SECONDS ?= 60
+
+.PHONY: all build run test unit lint bench asan-build asan fuzz package dist clean configure
 
 all: build
 
@@ -27,6 +29,13 @@ unit: configure
 	cmake --build --preset $(PRESET)
 	ctest --preset unit
 
+# The Debian package kelvora_<version>_<arch>.deb and the source archive, in the build folder.
+package: build
+	cmake --build --preset $(PRESET) --target package
+
+dist: configure
+	cmake --build --preset $(PRESET) --target dist
+
 # clang-format and clang-tidy over every source file.
 lint: build
 	tools/lint.sh $(BUILD_DIR)
@@ -38,6 +47,19 @@ bench:
 	@test -f $(BUILD_DIR)/build.ninja || cmake --preset $(PRESET)
 	cmake --build --preset $(PRESET) --target kelvora_bench
 	bench/run.sh $(BUILD_DIR)
+
+# The sanitizer tree (clang, build/asan): the unit tests under AddressSanitizer, LeakSanitizer and
+# UndefinedBehaviorSanitizer, then each fuzz target for FUZZ_SECONDS seconds.
+asan-build:
+	@tools/packages.sh sanitize
+	@test -f build/asan/build.ninja || cmake --preset asan
+	cmake --build --preset asan
+
+asan: asan-build
+	ctest --preset asan
+
+fuzz: asan-build
+	tools/fuzz.sh build/asan $(FUZZ_SECONDS)
 
 clean:
 	rm -rf build

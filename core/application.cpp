@@ -1,25 +1,101 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "application.h"
 
+#include "theme.h"
 #include "zoom.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLibraryInfo>
+#include <QPainter>
+#include <QPointer>
+#include <QPushButton>
 #include <QStyleFactory>
+#include <QStyleOption>
 #include <QTranslator>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// Fusion, with a focus frame that every focused control shows, whether the focus came by key,
+// by mouse or from the programme: a pupil who works with the keyboard always sees where Enter and
+// Space go. Fusion itself marks the focus only after Tab was pressed, and not at all on flat
+// buttons such as the lines of the page overview.
+// Its own sizes follow each window's zoom.
+class ProgrammeStyle : public ZoomingStyle {
+public:
+    ProgrammeStyle()
+        : ZoomingStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+
+    QPalette standardPalette() const override {
+        // Switched-off controls keep text a pupil can read.
+        QPalette palette = ZoomingStyle::standardPalette();
+        for (QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                                         QPalette::PlaceholderText})
+            palette.setColor(QPalette::Disabled, role, Theme::kDisabledText);
+        return palette;
+    }
+
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override {
+        ZoomingStyle::drawControl(element, option, painter, widget);
+        // Fusion's push buttons draw no focus rectangle of their own.
+        if (element == CE_PushButton && (option->state & State_HasFocus))
+            drawFocusFrame(subElementRect(SE_PushButtonFocusRect, option, widget), painter, widget);
+    }
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override {
+        if (element == PE_FrameFocusRect) {
+            // A flat button (a line of the overview) is framed whole; elsewhere the frame keeps a
+            // little room around the text it marks.
+            QRect around = option->rect.adjusted(-2, -1, 2, 1);
+            if (widget && qobject_cast<const QPushButton *>(widget))
+                around = widget->rect();
+            drawFocusFrame(widget ? around & widget->rect() : option->rect, painter, widget);
+            return;
+        }
+        ZoomingStyle::drawPrimitive(element, option, painter, widget);
+        if (element == PE_FrameLineEdit && (option->state & State_HasFocus))
+            drawFocusFrame(option->rect, painter, widget);
+    }
+
+private:
+    static void drawFocusFrame(const QRect &rect, QPainter *painter, const QWidget *widget) {
+        // Two pixels wide at the design size, wider with the page.
+        const int width = std::max(2, static_cast<int>(std::lround(2 * Zoom::factorOf(widget))));
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing, false);
+        painter->setBrush(Qt::NoBrush);
+        painter->setPen(QPen(Theme::kFocusFrame, width));
+        painter->drawRect(QRectF(rect).adjusted(width / 2.0, width / 2.0, -width / 2.0, -width / 2.0));
+        painter->restore();
+    }
+};
+
+} // namespace
 
 void setUpApplication(QApplication &app) {
     app.setApplicationName(QStringLiteral("Kelvora"));
     app.setApplicationVersion(QStringLiteral(KELVORA_VERSION));
-    // Fusion draws the light grey of the active buttons on every platform.
-    // Its own sizes follow each window's zoom.
-    app.setStyle(zoomingStyle(QStyleFactory::create(QStringLiteral("Fusion"))));
+    // The window icon is the menu entry's icon, and desktops find the entry by this name.
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.kelvora.Kelvora"));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/org.kelvora.Kelvora.svg")));
+    // Fusion draws the light grey of the active buttons on every platform. Its palette is set
+    // explicitly: a desktop's own colours (a dark theme, say) would otherwise take its place, and
+    // the programme's colours are chosen for their contrast against Fusion's.
+    auto *style = new ProgrammeStyle;
+    QApplication::setStyle(style);
+    QApplication::setPalette(style->standardPalette());
 
     // The programme speaks German whatever the system's language: Qt's own buttons too ("&Ja",
     // "&Nein"). Without the translation files the buttons stay English and nothing else changes.
     // Qt's own folder first, then the "translations" folder that windeployqt puts beside the
     // programme.
-    static QTranslator *qtTexts = nullptr;
+    // One translator per application object: it goes with the application.
+    static QPointer<QTranslator> qtTexts;
     if (!qtTexts) {
         qtTexts = new QTranslator(&app);
         const QStringList folders = {QLibraryInfo::path(QLibraryInfo::TranslationsPath),

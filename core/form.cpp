@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "form.h"
 
+#include "keyboard.h"
 #include "screens.h"
 #include "zoom.h"
 
@@ -9,6 +10,7 @@
 #include <QImage>
 #include <QKeyEvent>
 #include <QLayout>
+#include <QPushButton>
 #include <QWindow>
 
 #include <array>
@@ -202,6 +204,10 @@ bool Form::event(QEvent *e) {
         }
         applyZoom();
         break;
+    case QEvent::Polish:
+        // Before the screen first shows, its controls are complete: they take their reading order.
+        Keyboard::followReadingOrder(this);
+        break;
     default:
         if (e->type() == kZoomRequest) {
             applyZoom();
@@ -219,24 +225,47 @@ bool Form::eventFilter(QObject *watched, QEvent *e) {
     return QMainWindow::eventFilter(watched, e);
 }
 
+void Form::keyPressEvent(QKeyEvent *e) {
+    switch (e->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter: {
+        // As on Windows, Enter presses the button that has the focus. The event comes here when
+        // the focused control left it alone; message boxes are no screens and keep their own
+        // default button.
+        auto *button = qobject_cast<QPushButton *>(focusWidget());
+        if (button && button->isEnabled()) {
+            if (!e->isAutoRepeat()) // a key held down presses once
+                button->click();
+            return;
+        }
+        break;
+    }
+    case Qt::Key_Escape:
+        // An open panel or a screen that Escape closes comes first; what Escape means beyond
+        // that belongs here too, after it.
+        if (closeOnEscape())
+            return;
+        // Then it leaves the whole screen.
+        if (e->modifiers() == Qt::NoModifier && (window()->windowState() & Qt::WindowFullScreen)) {
+            window()->setWindowState(window()->windowState() & ~Qt::WindowFullScreen);
+            return;
+        }
+        break;
+    case Qt::Key_F11:
+        // The page on the whole screen and back.
+        if (e->modifiers() == Qt::NoModifier) {
+            window()->setWindowState(window()->windowState() ^ Qt::WindowFullScreen);
+            return;
+        }
+        break;
+    default:
+        break;
+    }
+    QMainWindow::keyPressEvent(e);
+}
+
 void Form::closeEvent(QCloseEvent *e) {
     // The close box unloads the screen; the screen layer ends the programme once none is left.
     e->ignore();
     Screens::unload(this);
-}
-
-void Form::keyPressEvent(QKeyEvent *e) {
-    // F11 shows the page on the whole screen and back; Escape leaves the whole screen. Keys that
-    // a control of the page uses never arrive here.
-    QWidget *top = window();
-    if (e->key() == Qt::Key_F11 && e->modifiers() == Qt::NoModifier) {
-        top->setWindowState(top->windowState() ^ Qt::WindowFullScreen);
-        return;
-    }
-    if (e->key() == Qt::Key_Escape && e->modifiers() == Qt::NoModifier &&
-        (top->windowState() & Qt::WindowFullScreen)) {
-        top->setWindowState(top->windowState() & ~Qt::WindowFullScreen);
-        return;
-    }
-    QMainWindow::keyPressEvent(e);
 }

@@ -87,7 +87,13 @@ protected:
     bool event(QEvent *e) override;
     bool eventFilter(QObject *watched, QEvent *e) override;
     void closeEvent(QCloseEvent *e) override;
+    // The keys every screen shares: Enter, Return and keypad Enter press the focused push button
+    // (a field, an option or a disabled button ignores them); Escape runs closeOnEscape(), and
+    // then leaves the whole screen; F11 shows the page on the whole screen and back.
     void keyPressEvent(QKeyEvent *e) override;
+    // Escape: closes what lies open over the screen, or the screen itself where Escape stands for
+    // its close button. Returns false where Escape has nothing to close.
+    virtual bool closeOnEscape() { return false; }
 
 private:
     friend class PageFrame;

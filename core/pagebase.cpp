@@ -60,7 +60,7 @@ private:
     std::function<QRect(const QRect &, QSize)> place_;
 };
 
-// A panel that appears over the page takes the keyboard focus on its first button, so that a
+// A panel that appears over the page takes the keyboard focus on the given control, so that a
 // pupil working with the keyboard lands in it rather than on the covered page.
 class FocusOnShow : public QObject {
 public:
@@ -299,7 +299,8 @@ void PageBase::buildExitFrame(QWidget *central) {
     new Placement(
         central, exitCover, [](const QRect &area, QSize) { return area; }, exitFrame);
 
-    new FocusOnShow(exitFrame, resumeButton);
+    // The harmless choice has the focus: a stray Enter or Space keeps the programme running.
+    new FocusOnShow(exitFrame, harmlessControl(exitFrame));
     exitCover->hide();
     exitFrame->hide();
 }
@@ -336,7 +337,9 @@ void PageBase::buildOverview(QWidget *central) {
         },
         overviewFrame);
 
-    new FocusOnShow(overviewFrame, overviewLines[0]);
+    // The line of this page has the focus: the pupil sees where they are, and choosing it is
+    // harmless (jumpToPage).
+    new FocusOnShow(overviewFrame, harmlessControl(overviewFrame));
     overviewBorder->hide();
     overviewFrame->hide();
 }
@@ -376,10 +379,13 @@ void PageBase::resumeHere() {
 void PageBase::closeExitFrame() {
     exitFrame->hide();
     exitCover->hide();
-    focusAfterExitFrame();
+    if (!focusIntoPanel())
+        focusAfterExitFrame();
 }
 
 void PageBase::openOverview() {
+    if (overviewFrame->isHidden())
+        focusBeforeOverview_ = focusWidget();
     overviewBorder->show();
     overviewFrame->show();
 }
@@ -387,10 +393,25 @@ void PageBase::openOverview() {
 void PageBase::closeOverview() {
     overviewBorder->hide();
     overviewFrame->hide();
-    focusAfterOverview();
+    if (!focusIntoPanel())
+        focusAfterOverview();
+}
+
+void PageBase::focusAfterOverview() {
+    if (focusBeforeOverview_ && focusBeforeOverview_->isEnabled() &&
+        focusBeforeOverview_->isVisibleTo(this))
+        focusBeforeOverview_->setFocus();
 }
 
 void PageBase::jumpToPage(int index) {
+    // The line of the page the pupil is on only closes the overview, on every page: the page
+    // stays with its question and its counts. The overview opens with the focus on this line,
+    // and a pupil who presses Enter or Space there must not lose their points; page 1 is no
+    // exception. The course starts afresh from the control centre's "Lernprogramm-Start".
+    if (index == pageNumber_ - 1) {
+        closeOverview();
+        return;
+    }
     Screens::unload(this);
     if (index >= 0 && index <= 10)
         Screens::show(pageScreen(index + 1));
@@ -403,6 +424,10 @@ void PageBase::toggleExplanation() {
     } else {
         explanationPicture->show();
         explanationEntry->setChecked(true);
+        // The hint tells how to call the explanation back; with the explanation back it has done
+        // its work, and the two never stand one over the other.
+        if (explanationHint)
+            explanationHint->hide();
     }
 }
 
@@ -422,4 +447,64 @@ void PageBase::endHint() {
 void PageBase::withdrawExplanation() {
     explanationPicture->hide();
     explanationEntry->setChecked(false);
+}
+
+QWidget *PageBase::panelInFront() const {
+    const bool overview = !overviewFrame->isHidden();
+    const bool exit = !exitFrame->isHidden();
+    if (overview && exit) {
+        // Both open: the one raised last lies in front.
+        const QObjectList &order = overviewFrame->parentWidget()->children();
+        return order.indexOf(overviewFrame) > order.indexOf(exitFrame) ? overviewFrame : exitFrame;
+    }
+    if (overview)
+        return overviewFrame;
+    if (exit)
+        return exitFrame;
+    return nullptr;
+}
+
+QWidget *PageBase::harmlessControl(const QWidget *panel) const {
+    if (panel == exitFrame)
+        return stayButton;
+    return overviewLines.at(static_cast<std::size_t>(qBound(1, pageNumber_, 11) - 1));
+}
+
+bool PageBase::focusIntoPanel() {
+    // With both panels opened, closing the one in front leaves the focus in the other.
+    QWidget *panel = panelInFront();
+    if (panel)
+        harmlessControl(panel)->setFocus();
+    return panel != nullptr;
+}
+
+bool PageBase::closeOnEscape() {
+    QWidget *panel = panelInFront();
+    if (panel == overviewFrame)
+        closeOverview(); // as "Schließen"
+    else if (panel == exitFrame)
+        closeExitFrame(); // as "Ich möchte nicht beenden"
+    return panel != nullptr;
+}
+
+bool PageBase::focusNextPrevChild(bool next) {
+    QWidget *panel = panelInFront();
+    if (!panel)
+        return Form::focusNextPrevChild(next);
+    QList<QWidget *> stops;
+    for (QWidget *w : panel->findChildren<QWidget *>()) {
+        if ((w->focusPolicy() & Qt::TabFocus) == Qt::TabFocus && w->isEnabled() &&
+            w->isVisibleTo(panel))
+            stops.append(w);
+    }
+    const qsizetype here = stops.indexOf(focusWidget());
+    if (here < 0) {
+        // The focus comes into the panel from outside: to its harmless control.
+        harmlessControl(panel)->setFocus(Qt::OtherFocusReason);
+        return true;
+    }
+    const qsizetype count = stops.size();
+    stops.at((here + (next ? 1 : count - 1)) % count)
+        ->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
 }

@@ -4,6 +4,7 @@
 #include "form.h"
 
 #include <QList>
+#include <QPointer>
 #include <QRect>
 #include <QSize>
 #include <QString>
@@ -116,16 +117,29 @@ protected:
     // What the start-position file holds after the page number.
     virtual QList<int> numbersAfterResume() const { return {}; }
     virtual QList<int> numbersAfterRestart() const { return {}; }
-    // Where the keyboard focus goes when a panel closes.
+    // Where the keyboard focus goes when a panel closes. Without a rule of its own the page gives
+    // the focus back to where it was when the overview opened.
     virtual void focusAfterExitFrame() = 0;
-    virtual void focusAfterOverview() {}
+    virtual void focusAfterOverview();
+
+    // Escape closes the panel in front: the overview or the exit frame.
+    bool closeOnEscape() override;
+    // While a panel is open over the page, Tab and Shift+Tab stay in it.
+    bool focusNextPrevChild(bool next) override;
 
 private:
     void buildMenus(bool withPointsEntry);
     void buildExitFrame(QWidget *central);
     void buildOverview(QWidget *central);
+    // The open panel in front, or nullptr.
+    QWidget *panelInFront() const;
+    // The control a panel gives the focus to: "Ich möchte nicht beenden", the line of this page.
+    QWidget *harmlessControl(const QWidget *panel) const;
+    // Gives the focus to the harmless control of the panel in front; false when none is open.
+    bool focusIntoPanel();
 
     int pageNumber_;
+    QPointer<QWidget> focusBeforeOverview_;
 };
 
 // Connects a check-marked entry to its handler. The handler alone sets and clears the mark, so

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "picture.h"
 
+#include "runcache.h"
 #include "theme.h"
 #include "zoom.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QCoreApplication>
 #include <QEvent>
 #include <QHash>
 #include <QIcon>
@@ -20,11 +20,13 @@ namespace {
 
 constexpr int kMinimumTextWidth = 120;
 
-QSvgRenderer *sharedRenderer(const QString &resource) {
-    static QHash<QString, QSvgRenderer *> renderers;
-    QSvgRenderer *&renderer = renderers[resource];
+// One renderer per drawing and one document per text and font for the whole run; a view keeps
+// what it draws from alive even should the cache be emptied before it goes.
+std::shared_ptr<QSvgRenderer> sharedRenderer(const QString &resource) {
+    static RunCache<QString, std::shared_ptr<QSvgRenderer>> renderers;
+    std::shared_ptr<QSvgRenderer> &renderer = renderers[resource];
     if (!renderer)
-        renderer = new QSvgRenderer(resource, QCoreApplication::instance());
+        renderer = std::make_shared<QSvgRenderer>(resource);
     return renderer;
 }
 
@@ -85,7 +87,7 @@ struct SharedText {
 namespace {
 
 std::shared_ptr<SharedText> sharedText(const QString &html, const QFont &font) {
-    static QHash<QString, std::shared_ptr<SharedText>> texts;
+    static RunCache<QString, std::shared_ptr<SharedText>> texts;
     std::shared_ptr<SharedText> &text = texts[font.key() + QLatin1Char('\n') + html];
     if (!text) {
         text = std::make_shared<SharedText>();
@@ -107,14 +109,13 @@ std::shared_ptr<SharedText> sharedText(const QString &html, const QFont &font) {
 } // namespace
 
 QString plainTextOf(const QString &html) {
-    static QHash<QString, QString> texts;
-    auto it = texts.constFind(html);
-    if (it != texts.constEnd())
-        return *it;
+    static RunCache<QString, QString> texts;
+    if (const QString *known = texts.find(html))
+        return *known;
     QString text = QTextDocumentFragment::fromHtml(html).toPlainText();
     text.remove(QChar::ObjectReplacementCharacter);
     text = text.simplified();
-    texts.insert(html, text);
+    texts[html] = text;
     return text;
 }
 

@@ -26,7 +26,7 @@ protected:
     void paintEvent(QPaintEvent *e) override;
 
 private:
-    QSvgRenderer *renderer_;
+    std::shared_ptr<QSvgRenderer> renderer_;
 };
 
 // Rich text drawn from a laid-out document. The document is laid out at the design size, in the

@@ -5,8 +5,10 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStandardPaths>
 
 #include <cstdlib>
 
@@ -19,10 +21,23 @@ std::function<bool(const QString &, const QString &)> yesNoOverride;
 std::function<void(const QString &)> failureOverride;
 } // namespace
 
+QString filesFolderFor(const QString &executableFolder, const QString &dataFolder) {
+    // <prefix>/bin/kelvora beside <prefix>/share/kelvora: installed.
+    const QDir bin(executableFolder);
+    const bool installed = bin.dirName() == QStringLiteral("bin") &&
+                           QFileInfo(bin.filePath(QStringLiteral("../share/kelvora"))).isDir();
+    return installed ? dataFolder : executableFolder;
+}
+
 QString programmeFolder() {
     if (folderOverride)
         return folderOverride();
-    return QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
+    const QString executable = QCoreApplication::applicationDirPath();
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    const QString folder = filesFolderFor(executable, data);
+    if (folder != executable)
+        QDir().mkpath(folder); // may fail: then the files fail as in a write-protected folder
+    return QDir::toNativeSeparators(folder);
 }
 
 void setProgrammeFolder(std::function<QString()> folder) {

@@ -10,10 +10,17 @@
 // production default; tests put their own in its place.
 namespace Seams {
 
-// Folder of the running executable, with the platform's native separators. Asked for afresh
-// every time a file path is formed.
+// The folder that holds the programme's files, with the platform's native separators. Asked for
+// afresh every time a file path is formed. A portable copy (a build tree, an unpacked archive, a
+// USB stick) keeps its files beside its executable; an installed copy, whose executable lies in
+// the bin folder of a prefix that holds Kelvora's share folder, in the pupil's own data folder,
+// created when needed, so that every pupil with a login has their own files.
 QString programmeFolder();
 void setProgrammeFolder(std::function<QString()> folder); // empty function: back to the default
+
+// The same decision for an executable in `executableFolder`; `dataFolder` is the pupil's own data
+// folder. Returns one of the two, unchanged.
+QString filesFolderFor(const QString &executableFolder, const QString &dataFolder);
 
 // Clock: seconds since midnight with fractions, and the current date and time.
 double secondsSinceMidnight();

@@ -4,6 +4,7 @@
 #include "seams.h"
 
 #include <QDir>
+#include <QFile>
 
 #include <array>
 
@@ -68,7 +69,11 @@ std::optional<QString> readFirstItem(const QString &path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return std::nullopt;
-    const QString text = fromWindows1252(file.readAll());
+    return firstItem(file.readAll());
+}
+
+std::optional<QString> firstItem(const QByteArray &content) {
+    const QString text = fromWindows1252(content);
 
     qsizetype i = 0;
     const auto blank = [&](qsizetype at) {
@@ -97,19 +102,38 @@ std::optional<QString> readFirstItem(const QString &path) {
 
 } // namespace TextFiles
 
-QuotedItemFile::QuotedItemFile(const QString &path)
+ReplacedFile::ReplacedFile(const QString &path)
     : file_(path) {
-    (void)file_.open(QIODevice::WriteOnly | QIODevice::Truncate);
+    // A folder that takes no new file is write-protected: the file is not written in place.
+    file_.setDirectWriteFallback(false);
+    (void)file_.open(QIODevice::WriteOnly);
 }
 
-void QuotedItemFile::write(const QString &item) {
+void ReplacedFile::writeLine(const QString &line) {
     if (file_.isOpen())
-        file_.write(QByteArray(1, '"') + TextFiles::toWindows1252(item) + '"' + kLineEnd);
+        file_.write(TextFiles::toWindows1252(line) + kLineEnd);
+}
+
+bool ReplacedFile::close() {
+    if (!file_.isOpen())
+        return false;
+    // A write that failed on the way makes the commit throw the new content away. The bytes
+    // still buffered are pushed out first: QSaveFile would put the temporary file in the old
+    // one's place even when they do not fit on the disk, leaving a cut-off file.
+    if (!file_.flush())
+        file_.cancelWriting();
+    return file_.commit();
+}
+
+QuotedItemFile::QuotedItemFile(const QString &path)
+    : file_(path) {}
+
+void QuotedItemFile::write(const QString &item) {
+    file_.writeLine(QLatin1Char('"') + item + QLatin1Char('"'));
 }
 
 void QuotedItemFile::write(int number) {
-    if (file_.isOpen())
-        file_.write(QByteArray::number(number) + kLineEnd);
+    file_.writeLine(QString::number(number));
 }
 
 void QuotedItemFile::close() {

@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QFile>
 #include <QList>
+#include <QSaveFile>
 #include <QString>
 
 #include <optional>
@@ -20,9 +21,10 @@ QString pathInFolder(const QString &folder, const QString &fileName);
 // The same for the programme folder, asked for afresh.
 QString programmePath(const QString &fileName);
 
-// Reads the first item of a file written in the quoted item style: a quoted string without its
-// quotes, or a bare item up to the next comma or line end. Nothing when the file cannot be read
-// or holds no item.
+// The first item of a file's content in the quoted item style: a quoted string without its
+// quotes, or a bare item up to the next comma or line end. Nothing when it holds no item.
+std::optional<QString> firstItem(const QByteArray &content);
+// The same read from a file; nothing when the file cannot be read either.
 std::optional<QString> readFirstItem(const QString &path);
 
 } // namespace TextFiles
@@ -37,17 +39,32 @@ inline const QString kResultFileName = QStringLiteral("TestergebnisQel.doc"); //
 // fail without a word, leaving the old content.
 void writeStartPosition(const QString &path, int page, const QList<int> &numbers = {});
 
+// A file replaced all at once, Windows-1252 lines with CR LF. The lines go to a temporary file
+// beside it, which takes the file's place on close() only when every line has reached the disk:
+// a crash, a full disk or a kill before that leaves the old content, never a part of the new.
+// Every step may fail without a word, and the file then stays as it was: a write-protected file
+// or folder is not written at all.
+class ReplacedFile {
+public:
+    explicit ReplacedFile(const QString &path); // opens for output; the old content stays
+    void writeLine(const QString &line);
+    bool close(); // the new content takes the old one's place; false: the old content stays
+
+private:
+    QSaveFile file_;
+};
+
 // A file written in the quoted item style: strings in double quotes, numbers bare, one item a
-// line. Every step may fail without a word: a file that cannot be opened simply stays as it was.
+// line, replaced all at once on close().
 class QuotedItemFile {
 public:
-    explicit QuotedItemFile(const QString &path); // opens for output, replacing the content
+    explicit QuotedItemFile(const QString &path); // opens for output; the old content stays
     void write(const QString &item);
     void write(int number);
     void close();
 
 private:
-    QFile file_;
+    ReplacedFile file_;
 };
 
 // One line of the print style: texts joined directly, numbers with a sign place in front and a

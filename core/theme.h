@@ -25,6 +25,11 @@ inline constexpr QColor kRight{27, 110, 42};         // "Richtig" in the final t
 inline constexpr QColor kWrong{179, 20, 30};         // "Falsch", hints that warn
 inline constexpr QColor kFeedbackRight{10, 110, 30}; // "Richtig!" in the feedback pictures
 inline constexpr QColor kResult{26, 63, 138};        // the grade and the explanation hint
+// Keyboard and contrast: the frame around the control that has the focus (at least 3:1 against
+// every button and field colour), and the text of switched-off controls, still readable (at least
+// 4.5:1 against the button face and the screens' backgrounds).
+inline constexpr QColor kFocusFrame{0, 70, 160};
+inline constexpr QColor kDisabledText{95, 95, 95};
 
 // A colour as a style-sheet or rich-text value, "#rrggbb".
 QString cssColour(const QColor &colour);

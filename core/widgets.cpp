@@ -2,11 +2,11 @@
 #include "widgets.h"
 
 #include "form.h"
+#include "runcache.h"
 #include "theme.h"
 #include "zoom.h"
 
 #include <QAbstractButton>
-#include <QHash>
 #include <QIcon>
 #include <QLabel>
 #include <QPushButton>
@@ -36,7 +36,7 @@ QLabel *headingLabel(const QString &text, double relativeSize, QWidget *parent) 
 QPushButton *pictureButton(const QString &icon, const QString &name, QWidget *parent,
                            int iconSize) {
     // One icon per picture for the whole run: its rendered sizes are kept with it.
-    static QHash<QString, QIcon> icons;
+    static RunCache<QString, QIcon> icons;
     QIcon &shared = icons[icon];
     if (shared.isNull())
         shared = QIcon(icon);

@@ -9,7 +9,6 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
-#include <QProxyStyle>
 #include <QSpacerItem>
 #include <QStyleOptionButton>
 
@@ -199,80 +198,65 @@ double Zoom::factorOf(const QWidget *w) {
     return zoom ? zoom->factor() : 1.0;
 }
 
-namespace {
-
-class ZoomStyle : public QProxyStyle {
-public:
-    explicit ZoomStyle(QStyle *base)
-        : QProxyStyle(base) {}
-
-    int pixelMetric(PixelMetric metric, const QStyleOption *option,
-                    const QWidget *widget) const override {
-        const int size = QProxyStyle::pixelMetric(metric, option, widget);
-        const double factor = Zoom::factorOf(widget);
-        if (factor == 1.0 || !follows(metric))
-            return size;
-        return size > 0 ? std::max(1, static_cast<int>(std::lround(size * factor))) : size;
-    }
-
-    QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &contents,
-                           const QWidget *widget) const override {
-        QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
-        const double factor = Zoom::factorOf(widget);
-        const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
-        if (factor == 1.0 || type != CT_PushButton || !button || button->text.isEmpty())
-            return size;
-        // The base style gives a button with a caption a width of 80 pixels at least; at another
-        // zoom that is 80 design units.
-        int natural = contents.width() + pixelMetric(PM_ButtonMargin, option, widget) +
-                      2 * pixelMetric(PM_DefaultFrameWidth, option, widget);
-        if (button->features & QStyleOptionButton::AutoDefaultButton)
-            natural += 2 * pixelMetric(PM_ButtonDefaultIndicator, option, widget);
-        size.setWidth(std::max(natural, static_cast<int>(std::lround(80 * factor))));
+int ZoomingStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
+                          const QWidget *widget) const {
+    const int size = QProxyStyle::pixelMetric(metric, option, widget);
+    const double factor = Zoom::factorOf(widget);
+    if (factor == 1.0 || !follows(metric))
         return size;
+    return size > 0 ? std::max(1, static_cast<int>(std::lround(size * factor))) : size;
+}
+
+QSize ZoomingStyle::sizeFromContents(ContentsType type, const QStyleOption *option,
+                                 const QSize &contents, const QWidget *widget) const {
+    QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    const double factor = Zoom::factorOf(widget);
+    const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
+    if (factor == 1.0 || type != CT_PushButton || !button || button->text.isEmpty())
+        return size;
+    // The base style gives a button with a caption a width of 80 pixels at least; at another
+    // zoom that is 80 design units.
+    int natural = contents.width() + pixelMetric(PM_ButtonMargin, option, widget) +
+                  2 * pixelMetric(PM_DefaultFrameWidth, option, widget);
+    if (button->features & QStyleOptionButton::AutoDefaultButton)
+        natural += 2 * pixelMetric(PM_ButtonDefaultIndicator, option, widget);
+    size.setWidth(std::max(natural, static_cast<int>(std::lround(80 * factor))));
+    return size;
+}
+
+bool ZoomingStyle::follows(PixelMetric metric) {
+    switch (metric) {
+    case PM_ButtonMargin:
+    case PM_ButtonDefaultIndicator:
+    case PM_DefaultFrameWidth:
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight:
+    case PM_CheckBoxLabelSpacing:
+    case PM_RadioButtonLabelSpacing:
+    case PM_FocusFrameHMargin:
+    case PM_FocusFrameVMargin:
+    case PM_MenuBarPanelWidth:
+    case PM_MenuBarItemSpacing:
+    case PM_MenuBarHMargin:
+    case PM_MenuBarVMargin:
+    case PM_MenuHMargin:
+    case PM_MenuVMargin:
+    case PM_MenuPanelWidth:
+    case PM_SmallIconSize:
+    case PM_ButtonIconSize:
+    case PM_MessageBoxIconSize:
+    case PM_ScrollBarExtent:
+    case PM_ScrollBarSliderMin:
+    case PM_LayoutLeftMargin:
+    case PM_LayoutTopMargin:
+    case PM_LayoutRightMargin:
+    case PM_LayoutBottomMargin:
+    case PM_LayoutHorizontalSpacing:
+    case PM_LayoutVerticalSpacing:
+        return true;
+    default:
+        return false;
     }
-
-private:
-    static bool follows(PixelMetric metric) {
-        switch (metric) {
-        case PM_ButtonMargin:
-        case PM_ButtonDefaultIndicator:
-        case PM_DefaultFrameWidth:
-        case PM_IndicatorWidth:
-        case PM_IndicatorHeight:
-        case PM_ExclusiveIndicatorWidth:
-        case PM_ExclusiveIndicatorHeight:
-        case PM_CheckBoxLabelSpacing:
-        case PM_RadioButtonLabelSpacing:
-        case PM_FocusFrameHMargin:
-        case PM_FocusFrameVMargin:
-        case PM_MenuBarPanelWidth:
-        case PM_MenuBarItemSpacing:
-        case PM_MenuBarHMargin:
-        case PM_MenuBarVMargin:
-        case PM_MenuHMargin:
-        case PM_MenuVMargin:
-        case PM_MenuPanelWidth:
-        case PM_SmallIconSize:
-        case PM_ButtonIconSize:
-        case PM_MessageBoxIconSize:
-        case PM_ScrollBarExtent:
-        case PM_ScrollBarSliderMin:
-        case PM_LayoutLeftMargin:
-        case PM_LayoutTopMargin:
-        case PM_LayoutRightMargin:
-        case PM_LayoutBottomMargin:
-        case PM_LayoutHorizontalSpacing:
-        case PM_LayoutVerticalSpacing:
-            return true;
-        default:
-            return false;
-        }
-    }
-};
-
-} // namespace
-
-QStyle *zoomingStyle(QStyle *base) {
-    return new ZoomStyle(base);
 }

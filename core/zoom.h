@@ -4,6 +4,7 @@
 #include <QFont>
 #include <QObject>
 #include <QPointer>
+#include <QProxyStyle>
 #include <QSize>
 
 #include <functional>
@@ -15,7 +16,6 @@ class QFrame;
 class QGridLayout;
 class QLabel;
 class QLayout;
-class QStyle;
 class QWidget;
 
 // Every screen is designed for one window size (the pages for 800 x 600 pixels) and shown at any
@@ -89,7 +89,18 @@ private:
     std::vector<Follower> followers_;
 };
 
-// The programme's style: `base` with its own sizes (indicators of option buttons and check marks,
-// button margins, frames, menu margins, default spacings) scaled by the zoom of the window they
-// are drawn in.
-QStyle *zoomingStyle(QStyle *base);
+// A style whose own sizes (indicators of option buttons and check marks, button margins, frames,
+// menu margins, default spacings) follow the zoom of the window they are drawn in.
+class ZoomingStyle : public QProxyStyle {
+public:
+    explicit ZoomingStyle(QStyle *base)
+        : QProxyStyle(base) {}
+
+    int pixelMetric(PixelMetric metric, const QStyleOption *option,
+                    const QWidget *widget) const override;
+    QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &contents,
+                           const QWidget *widget) const override;
+
+private:
+    static bool follows(PixelMetric metric);
+};

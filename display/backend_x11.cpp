@@ -6,14 +6,48 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 namespace {
 
-// Xlib's default error handler ends the process; a refused request only means no change.
-int ignoreXError(Display *, XErrorEvent *) {
+std::optional<X11ModeStep> refusedStep;
+
+// Xlib's default error handler ends the process; a refused request only means that the step
+// failed. While a trap is set, the errors of its connection are counted.
+Display *trappedDisplay = nullptr;
+int trappedErrors = 0;
+
+int countXError(Display *display, XErrorEvent *) {
+    if (display == trappedDisplay)
+        ++trappedErrors;
     return 0;
 }
+
+class XErrorTrap {
+public:
+    explicit XErrorTrap(Display *display)
+        : previous_(XSetErrorHandler(countXError)) {
+        trappedDisplay = display;
+        trappedErrors = 0;
+    }
+    ~XErrorTrap() {
+        trappedDisplay = nullptr;
+        XSetErrorHandler(previous_);
+    }
+    XErrorTrap(const XErrorTrap &) = delete;
+    XErrorTrap &operator=(const XErrorTrap &) = delete;
+
+    // Waits for the server to have handled every request so far; true when none was refused
+    // since the last call.
+    bool allDone(Display *display) {
+        XSync(display, False);
+        return std::exchange(trappedErrors, 0) == 0;
+    }
+
+private:
+    XErrorHandler previous_;
+};
 
 template <class T, void (*Free)(T *)> struct XrrPtr {
     explicit XrrPtr(T *p)
@@ -62,6 +96,25 @@ private:
         RRMode id;
         DisplaySize size;
     };
+    // Where an output is lit and with which mode: the part of a CRTC's configuration a mode
+    // change alters.
+    struct CrtcState {
+        int x;
+        int y;
+        RRMode mode;
+        Rotation rotation;
+        RROutput *outputs;
+        int outputCount;
+    };
+    static constexpr RRMode kNoSuchMode = 0x7fffffff;
+
+    // The steps of a mode change. Each sends its request; the caller asks the server whether it
+    // was carried out.
+    bool setCrtc(const Resources &resources, RRCrtc crtc, const CrtcState &state, X11ModeStep step);
+    void setScreenSize(DisplaySize size, int widthMm, int heightMm,
+                       std::optional<X11ModeStep> step);
+    void putBack(RRCrtc crtc, const CrtcState &before, DisplaySize oldSize, int oldWidthMm,
+                 int oldHeightMm);
 
     // The output the desktop is shown on: the primary one, else the first lit output.
     RROutput screenOutput(const Resources &resources) const {
@@ -182,22 +235,75 @@ void X11DisplayBackend::change(int width, int height) {
     const int widthMm = millimetres(screenWidth, old.width, oldWidthMm);
     const int heightMm = millimetres(screenHeight, old.height, oldHeightMm);
 
-    XErrorHandler previous = XSetErrorHandler(ignoreXError);
+    // Every step is checked. When one is refused, what was changed before it is put back: the
+    // display keeps its mode, the desktop its size and the output its place.
+    const CrtcState before{crtcInfo->x,        crtcInfo->y,       crtcInfo->mode,
+                           crtcInfo->rotation, crtcInfo->outputs, crtcInfo->noutput};
+    XErrorTrap trap(display_);
     XGrabServer(display_);
     // An output may not lie outside the desktop even for a moment: when the desktop shrinks it
     // is switched off first and lit again with the new mode.
     const bool shrinks = crtcInfo->x + static_cast<int>(crtcInfo->width) > screenWidth ||
                          crtcInfo->y + static_cast<int>(crtcInfo->height) > screenHeight;
-    if (shrinks)
-        XRRSetCrtcConfig(display_, resources.p, crtc, CurrentTime, 0, 0, None, RR_Rotate_0, nullptr,
-                         0);
-    if (screenWidth != old.width || screenHeight != old.height)
-        XRRSetScreenSize(display_, root_, screenWidth, screenHeight, widthMm, heightMm);
-    XRRSetCrtcConfig(display_, resources.p, crtc, CurrentTime, crtcInfo->x, crtcInfo->y, wanted->id,
-                     crtcInfo->rotation, crtcInfo->outputs, crtcInfo->noutput);
+    bool done = true;
+    if (shrinks) {
+        done = setCrtc(resources, crtc, {0, 0, None, RR_Rotate_0, nullptr, 0},
+                       X11ModeStep::OutputOff) &&
+               trap.allDone(display_);
+    }
+    if (done && (screenWidth != old.width || screenHeight != old.height)) {
+        setScreenSize({screenWidth, screenHeight}, widthMm, heightMm, X11ModeStep::ScreenSize);
+        done = trap.allDone(display_);
+    }
+    if (done) {
+        done = setCrtc(resources, crtc,
+                       {before.x, before.y, wanted->id, before.rotation, before.outputs,
+                        before.outputCount},
+                       X11ModeStep::NewMode) &&
+               trap.allDone(display_);
+    }
+    if (!done) {
+        putBack(crtc, before, old, millimetres(old.width, old.width, oldWidthMm),
+                millimetres(old.height, old.height, oldHeightMm));
+        trap.allDone(display_);
+    }
     XUngrabServer(display_);
     XSync(display_, False);
-    XSetErrorHandler(previous);
+}
+
+bool X11DisplayBackend::setCrtc(const Resources &resources, RRCrtc crtc, const CrtcState &state,
+                                X11ModeStep step) {
+    // A mode that does not exist is refused by the server.
+    const RRMode mode = refusedStep == step ? kNoSuchMode : state.mode;
+    return XRRSetCrtcConfig(display_, resources.p, crtc, CurrentTime, state.x, state.y, mode,
+                            state.rotation, state.outputs, state.outputCount) == RRSetConfigSuccess;
+}
+
+void X11DisplayBackend::setScreenSize(DisplaySize size, int widthMm, int heightMm,
+                                      std::optional<X11ModeStep> step) {
+    // A desktop of no pixels is refused by the server.
+    if (step && refusedStep == step)
+        size = {};
+    XRRSetScreenSize(display_, root_, size.width, size.height, widthMm, heightMm);
+}
+
+void X11DisplayBackend::putBack(RRCrtc crtc, const CrtcState &before, DisplaySize oldSize,
+                                int oldWidthMm, int oldHeightMm) {
+    Resources resources(XRRGetScreenResourcesCurrent(display_, root_));
+    if (!resources)
+        return;
+    CrtcInfo now(XRRGetCrtcInfo(display_, resources.p, crtc));
+    const bool asBefore = now && now->mode == before.mode && now->x == before.x &&
+                          now->y == before.y && now->rotation == before.rotation;
+    // The output goes dark while the desktop takes its old size back, unless it never changed.
+    if (!asBefore && now && now->mode != None)
+        XRRSetCrtcConfig(display_, resources.p, crtc, CurrentTime, 0, 0, None, RR_Rotate_0, nullptr,
+                         0);
+    if (screenSize() != oldSize && oldSize.width > 0 && oldSize.height > 0)
+        setScreenSize(oldSize, oldWidthMm, oldHeightMm, std::nullopt);
+    if (!asBefore)
+        XRRSetCrtcConfig(display_, resources.p, crtc, CurrentTime, before.x, before.y, before.mode,
+                         before.rotation, before.outputs, before.outputCount);
 }
 
 DisplaySize X11DisplayBackend::currentSize() {
@@ -229,4 +335,8 @@ std::unique_ptr<DisplayBackend> makeX11DisplayBackend() {
         return nullptr;
     }
     return std::make_unique<X11DisplayBackend>(display);
+}
+
+void refuseX11ModeStep(std::optional<X11ModeStep> step) {
+    refusedStep = step;
 }

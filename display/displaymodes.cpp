@@ -5,6 +5,9 @@
 
 #include <QListWidget>
 
+#include <algorithm>
+#include <cmath>
+
 namespace DisplayModes {
 
 namespace {
@@ -16,6 +19,35 @@ std::unique_ptr<DisplayBackend> &backendSlot() {
 
 QString modeText(const DisplaySize &size) {
     return QString::number(size.width) + QStringLiteral(" x ") + QString::number(size.height);
+}
+
+// The number at the start of a text as Basic reads it: blanks anywhere are skipped, a sign and
+// digits with one decimal point are taken, the first other character ends the number.
+double leadingNumber(const QString &text) {
+    QString digits;
+    bool point = false;
+    for (const QChar c : text) {
+        if (c == QLatin1Char(' ') || c == QLatin1Char('\t') || c == QLatin1Char('\r') ||
+            c == QLatin1Char('\n'))
+            continue;
+        const bool digit = c.isDigit() && c.unicode() < 128;
+        const bool sign = (c == QLatin1Char('-') || c == QLatin1Char('+')) && digits.isEmpty();
+        if (digit || sign)
+            digits.append(c);
+        else if (c == QLatin1Char('.') && !point) {
+            point = true;
+            digits.append(c);
+        } else
+            break;
+    }
+    bool ok = false;
+    const double value = digits.toDouble(&ok);
+    return ok ? value : 0.0;
+}
+
+// A pixel count from a number: whole, and within what any display could offer.
+int pixels(double value) {
+    return static_cast<int>(std::lround(std::clamp(value, 0.0, 1.0e6)));
 }
 
 } // namespace
@@ -61,6 +93,14 @@ int findListEntry(QListWidget *list, const QString &text) {
 
 void setResolution(int width, int height) {
     displayBackend().change(width, height);
+}
+
+DisplaySize modeSize(const QString &text) {
+    // The position of the "x" counted from 1, 0 when there is none (TempPos).
+    const qsizetype x = text.indexOf(QLatin1Char('x')) + 1;
+    const double width = leadingNumber(text.left(std::max<qsizetype>(x - 1, 0)));
+    const double height = leadingNumber(text.mid(x));
+    return {pixels(width), pixels(height)};
 }
 
 } // namespace DisplayModes

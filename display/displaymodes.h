@@ -22,6 +22,13 @@ int findListEntry(QListWidget *list, const QString &text);
 // Switches the display to width x height pixels at once, without storing it; a refusal is silent.
 void setResolution(int width, int height);
 
+// The size a mode text stands for, read the way the display-mode screen reads the chosen entry:
+// the number left of the first "x" is the width, the number right of it the height. Each number
+// is read from the start of its side, blanks skipped, up to the first character that cannot
+// belong to it ("1024 x 768" gives 1024 and 768), and rounded to whole pixels from 0 to a
+// million. A side without a number gives 0.
+DisplaySize modeSize(const QString &text);
+
 // The display the routines talk to: the platform's own unless one was put in its place. An empty
 // pointer goes back to the platform's own, made when it is next needed.
 DisplayBackend &displayBackend();

@@ -13,44 +13,11 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <QShortcut>
 #include <QVBoxLayout>
-
-#include <algorithm>
-#include <cmath>
 
 using namespace DisplayModes;
 
 namespace {
-
-// The number at the start of a text as Basic reads it: blanks anywhere are skipped, a sign and
-// digits with one decimal point are taken, the first other character ends the number.
-double leadingNumber(const QString &text) {
-    QString digits;
-    bool point = false;
-    for (const QChar c : text) {
-        if (c == QLatin1Char(' ') || c == QLatin1Char('\t') || c == QLatin1Char('\r') ||
-            c == QLatin1Char('\n'))
-            continue;
-        const bool digit = c.isDigit() && c.unicode() < 128;
-        const bool sign = (c == QLatin1Char('-') || c == QLatin1Char('+')) && digits.isEmpty();
-        if (digit || sign)
-            digits.append(c);
-        else if (c == QLatin1Char('.') && !point) {
-            point = true;
-            digits.append(c);
-        } else
-            break;
-    }
-    bool ok = false;
-    const double value = digits.toDouble(&ok);
-    return ok ? value : 0.0;
-}
-
-// A pixel count from a number: whole, and within what any display could offer.
-int pixels(double value) {
-    return static_cast<int>(std::lround(std::clamp(value, 0.0, 1.0e6)));
-}
 
 QLabel *wrappedLabel(const QString &text, QWidget *parent) {
     auto *label = new QLabel(text, parent);
@@ -145,17 +112,19 @@ DisplayModeScreen::DisplayModeScreen(QWidget *parent)
                   {largeFontLabel, "Label3"},
                   {changeButton, "Command1"},
                   {closeButton, "Command2"}});
-    setTabOrder(modeList, changeButton);
-    setTabOrder(changeButton, closeButton);
 
     // Every change of the chosen entry counts as a click, whether by mouse, keys or the program;
-    // a click on the entry already chosen does too.
-    connect(modeList, &QListWidget::currentRowChanged, this, [this] { onModeClicked(); });
+    // a click on the entry already chosen does too. The button follows the selection itself, so
+    // a mouse pressed on one entry and released elsewhere leaves the two in agreement.
+    connect(modeList, &QListWidget::itemSelectionChanged, this, [this] { onModeClicked(); });
     connect(modeList, &QListWidget::itemClicked, this, [this] { onModeClicked(); });
     connect(changeButton, &QPushButton::clicked, this, [this] { changeMode(); });
     connect(closeButton, &QPushButton::clicked, this, [this] { closeScreen(); });
-    auto *escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
-    connect(escape, &QShortcut::activated, this, [this] { closeScreen(); });
+}
+
+const QListWidgetItem *DisplayModeScreen::selectedEntry() const {
+    const QList<QListWidgetItem *> selected = modeList->selectedItems();
+    return selected.isEmpty() ? nullptr : selected.constFirst();
 }
 
 void DisplayModeScreen::onLoad() {
@@ -170,21 +139,17 @@ void DisplayModeScreen::onLoad() {
 }
 
 void DisplayModeScreen::onModeClicked() {
-    const QListWidgetItem *selected = modeList->currentItem();
-    changeButton->setEnabled(selected && selected->isSelected() &&
-                             selected->text() != resolutionText());
+    const QListWidgetItem *selected = selectedEntry();
+    changeButton->setEnabled(selected && selected->text() != resolutionText());
     setBackColour(changeButton, Theme::activeButton());
 }
 
 void DisplayModeScreen::changeMode() {
-    const QListWidgetItem *selected = modeList->currentItem();
+    const QListWidgetItem *selected = selectedEntry();
     const QString text = selected ? selected->text() : QString();
 
-    const qsizetype x = text.indexOf(QLatin1Char('x')) + 1; // counted from 1, 0: none
-    const double width = leadingNumber(text.left(std::max<qsizetype>(x - 1, 0)));
-    const double height = leadingNumber(text.mid(x));
-
-    setResolution(pixels(width), pixels(height));
+    const DisplaySize size = modeSize(text);
+    setResolution(size.width, size.height);
 
     changeButton->setEnabled(false);
     setBackColour(changeButton, Theme::buttonFace());
@@ -192,6 +157,11 @@ void DisplayModeScreen::changeMode() {
 
 void DisplayModeScreen::closeScreen() {
     Screens::unload(this);
+}
+
+bool DisplayModeScreen::closeOnEscape() {
+    closeScreen();
+    return true;
 }
 
 void registerDisplayScreens() {

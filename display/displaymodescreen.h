@@ -5,6 +5,7 @@
 
 class QLabel;
 class QListWidget;
+class QListWidgetItem;
 class QPushButton;
 class SvgView;
 
@@ -33,6 +34,14 @@ public:
     QLabel *largeFontLabel = nullptr;    // Label3 "Große Schrift"
     QPushButton *changeButton = nullptr; // Command1 "Auflösung ändern"
     QPushButton *closeButton = nullptr;  // Command2, a picture button without caption
+
+protected:
+    // Escape closes the screen, as its close button does.
+    bool closeOnEscape() override;
+
+private:
+    // The entry chosen in the list, or nullptr.
+    const QListWidgetItem *selectedEntry() const;
 };
 
 // Makes the display-mode screen known to the screen layer.

@@ -19,6 +19,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -41,6 +42,8 @@ QString questionOnScreen(const QString &caption) {
     shown.replace(brokenWord, QString(QChar(0x00AD)));
     return shown;
 }
+
+const QString kSolvedDescription = QStringLiteral("Aufgabe gelöst");
 
 namespace {
 
@@ -77,10 +80,47 @@ void keepPlaceWhenHidden(QWidget *w) {
     w->setSizePolicy(policy);
 }
 
+// The arrow keys move between the options of a question without choosing one, as in the control
+// centre; Space chooses. Every choice in the test is judged and counted, so moving is none.
+class OptionKeys : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *e) override {
+        if (e->type() != QEvent::KeyPress)
+            return false;
+        int step = 0;
+        switch (static_cast<QKeyEvent *>(e)->key()) {
+        case Qt::Key_Up:
+        case Qt::Key_Left:
+            step = -1;
+            break;
+        case Qt::Key_Down:
+        case Qt::Key_Right:
+            step = 1;
+            break;
+        default:
+            return false;
+        }
+        auto *option = static_cast<QWidget *>(watched);
+        const QList<QRadioButton *> options =
+            option->parentWidget()->findChildren<QRadioButton *>(Qt::FindDirectChildrenOnly);
+        const qsizetype here = options.indexOf(option);
+        if (here >= 0) {
+            const qsizetype count = options.size();
+            options.at((here + step + count) % count)
+                ->setFocus(step > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        }
+        return true;
+    }
+};
+
 } // namespace
 
 FinalTestPage::FinalTestPage(QWidget *parent)
-    : PageBase(ScreenId::FinalTest, 11, parent) {
+    : PageBase(ScreenId::FinalTest, 11, parent)
+    , optionKeys_(new OptionKeys(this)) {
     buildControls();
 }
 
@@ -118,11 +158,14 @@ QGroupBox *FinalTestPage::buildQuestion(int k, QWidget *parent) {
         const auto at = static_cast<std::size_t>(i);
         auto *option = new QRadioButton(question.options.at(static_cast<std::size_t>(j)), frame);
         option->setObjectName(QStringLiteral("Option1_%1").arg(i));
+        option->installEventFilter(optionKeys_);
         optionButtons[at] = option;
 
         auto *marker = new QLabel(frame);
         marker->setObjectName(QStringLiteral("Label14_%1").arg(i));
         z.setFixedSize(marker, {8, 8});
+        // Without a name of its own a screen reader would read the frame's title for it.
+        marker->setAccessibleName(QStringLiteral("angeklickt"));
         marker->setAutoFillBackground(true);
         QPalette mark = marker->palette();
         mark.setColor(QPalette::Window, isRightOption(i) ? Theme::kRight : Theme::kWrong);
@@ -351,12 +394,25 @@ void FinalTestPage::onOptionClicked(int index) {
     totalAnsweredLabel->setText(QString::number(course.testAnsweredCount));
     markerLabels[i]->setVisible(true);
 
+    // A screen reader reads the verdict with the option.
+    optionButtons[i]->setAccessibleDescription(verdictLabels[i]->text());
+
     const bool right = verdictLabels[i]->text() == QStringLiteral("Richtig");
+    // A pupil who answered from the keyboard goes on with the next question; the focus does not
+    // fall to whatever control follows the solved one.
+    const bool focusInQuestion = right && questionFrames[q]->isAncestorOf(focusWidget());
+    if (focusInQuestion)
+        focusWidget()->clearFocus();
+    if (right)
+        describeSolved(k);
     if (right && k < 9) {
         questionFrames[q]->setEnabled(false);
         if (k != 4)
             questionFrames[q + 1]->setVisible(true);
         questionTries = 0;
+        if (focusInQuestion && k != 4)
+            focusQuestion(k + 1);
+        focusToSecondHalf_ = focusInQuestion && k == 4;
     }
     if (right && k == 9) {
         questionFrames[9]->setEnabled(false);
@@ -433,6 +489,25 @@ void FinalTestPage::showSecondHalf() {
     for (std::size_t k = 0; k <= 4; ++k)
         questionFrames[k]->setVisible(false);
     halfChangeTimer->stop();
+    // Unless the pupil has moved on meanwhile, question 6 takes the focus.
+    if (focusToSecondHalf_ && !focusWidget())
+        focusQuestion(5);
+    focusToSecondHalf_ = false;
+}
+
+void FinalTestPage::describeSolved(int k) {
+    questionFrames.at(static_cast<std::size_t>(k))->setAccessibleDescription(kSolvedDescription);
+    for (int i = 4 * k; i < 4 * k + 4; ++i) {
+        const auto at = static_cast<std::size_t>(i);
+        const bool clicked = !verdictLabels[at]->isHidden();
+        optionButtons[at]->setAccessibleDescription(
+            clicked ? verdictLabels[at]->text() + QStringLiteral(", ") + kSolvedDescription
+                    : kSolvedDescription);
+    }
+}
+
+void FinalTestPage::focusQuestion(int k) {
+    optionButtons.at(4 * static_cast<std::size_t>(k))->setFocus(Qt::OtherFocusReason);
 }
 
 void registerFinalTestScreens() {

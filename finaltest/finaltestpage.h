@@ -85,9 +85,20 @@ private:
     // Logs a click on option `index`: the file heading with the first logged click of question
     // 1, the question's heading unless it stands already, then the click line.
     void logClick(int index, std::optional<ResultLog::ResumeNext> &resumeNext);
+    // Tells assistive technology that question k is solved: the frame and each option say so,
+    // a clicked option with its verdict.
+    void describeSolved(int k);
+    // Gives the focus to the first option of question k.
+    void focusQuestion(int k);
     void buildControls();
     QGroupBox *buildQuestion(int k, QWidget *parent);
+
+    QObject *optionKeys_;            // the arrow keys of the options
+    bool focusToSecondHalf_ = false; // question 5 was solved from the keyboard
 };
+
+// What a screen reader says of a solved question and its options, after their names.
+extern const QString kSolvedDescription;
 
 // The instruction of the page, with the runs of blanks that break it into lines.
 extern const QString kTestInstruction;

@@ -231,3 +231,8 @@ void GradeScaleScreen::closeAndGrade() {
     Screens::unload(this);
     gradeTest();
 }
+
+bool GradeScaleScreen::closeOnEscape() {
+    closeAndGrade();
+    return true;
+}

@@ -38,6 +38,10 @@ public:
     QPushButton *gradeButton = nullptr;          // Command1
     std::array<CaptionLabel *, 2> hintLabels{};  // Label3(0..1)
 
+protected:
+    // Escape closes the screen and grades, as its close button does.
+    bool closeOnEscape() override;
+
 private:
     static std::int16_t &threshold(int index);
 };

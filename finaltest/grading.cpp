@@ -8,7 +8,6 @@
 #include "seams.h"
 #include "textfiles.h"
 
-#include <QFile>
 #include <QLabel>
 #include <QPushButton>
 
@@ -48,16 +47,12 @@ void gradeTest() {
         page->endPageButton->setFocus();
     }
 
-    // The grade file may fail in every step; the grade stays on the page all the same.
-    QFile file(course.gradeFilePath);
-    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-        const QString lines[] = {
-            PrintLine().text(QStringLiteral("Programm Kelvora:")).nextZone().text(grade).str(),
-            QString(),
-            dateTimeText(Seams::now()),
-        };
-        for (const QString &line : lines)
-            file.write(TextFiles::toWindows1252(line) + QByteArrayLiteral("\r\n"));
-        file.close();
-    }
+    // The grade file may fail in every step, keeping the last grade; the new grade stays on the
+    // page all the same.
+    ReplacedFile file(course.gradeFilePath);
+    file.writeLine(
+        PrintLine().text(QStringLiteral("Programm Kelvora:")).nextZone().text(grade).str());
+    file.writeLine(QString());
+    file.writeLine(dateTimeText(Seams::now()));
+    file.close();
 }

@@ -20,6 +20,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTimer>
 
@@ -55,7 +56,8 @@ CaptionLabel *heading(const QString &caption, QWidget *parent) {
     return label;
 }
 
-// Forwards a click into the answer field to the page.
+// Forwards a click into the answer field to the page. Only the left button clicks: a right
+// click asks for the field's context menu.
 class ClickFilter : public QObject {
 public:
     ClickFilter(QObject *parent, std::function<void()> onClick)
@@ -64,7 +66,8 @@ public:
 
 protected:
     bool eventFilter(QObject *, QEvent *e) override {
-        if (e->type() == QEvent::MouseButtonRelease)
+        if (e->type() == QEvent::MouseButtonRelease &&
+            static_cast<QMouseEvent *>(e)->button() == Qt::LeftButton)
             onClick_();
         return false;
     }
@@ -237,12 +240,6 @@ void LessonPage::buildControls() {
     grid->addLayout(buttons, 5, 0, 1, 3);
     setActive(nextQuestionButton, false);
     setActive(retryButton, false);
-    // The design order of the tab chain: answer, step buttons, pages, end.
-    setTabOrder(answerEdit, nextQuestionButton);
-    setTabOrder(nextQuestionButton, retryButton);
-    setTabOrder(retryButton, previousPageButton);
-    setTabOrder(previousPageButton, nextPageButton);
-    setTabOrder(nextPageButton, endButton);
 
     paceTimer = new QTimer(this);
 
@@ -381,7 +378,10 @@ void LessonPage::retry() {
 }
 
 void LessonPage::focusAfterOverview() {
-    if (!answerEdit->text().isEmpty())
+    // After a wrong answer the next-question button is off; the focus goes back to where it was.
+    if (!answerEdit->text().isEmpty() && !nextQuestionButton->isEnabled())
+        PageBase::focusAfterOverview();
+    else if (!answerEdit->text().isEmpty())
         nextQuestionButton->setFocus();
     else
         answerEdit->setFocus();

@@ -18,6 +18,7 @@ struct InfoLayout {
     const char *title;
     QSize size;
     QString (*text)();
+    double textScale = 1.2; // the text's font against the page's
 };
 
 InfoLayout layoutOf(ScreenId id) {
@@ -31,7 +32,8 @@ InfoLayout layoutOf(ScreenId id) {
         return {Theme::kRequirementsCaptionBlanks,
                 "Voraussetzungen und Besonderheiten",
                 {760, 560},
-                &requirementsText};
+                &requirementsText,
+                1.1}; // the longest of the three texts
     }
 }
 
@@ -116,12 +118,19 @@ QString requirementsText() {
         "mit einem Texteditor angesehen werden. TestergebnisQel.doc wird auf dem Standarddrucker "
         "ausgedruckt, wenn der Druckbutton angeklickt wird, oder kann aus einem "
         "Textverarbeitungsprogramm (z.B. Word, WordPad) heraus gedruckt werden.</p>"
-        "<p>Das Programm sollte von einem beschreibbaren Datenträger aus gestartet werden "
+        "<p>Wo die drei Dateien liegen: Ein installiertes Programm (zum Beispiel aus dem "
+        "Debian-Paket) legt sie im eigenen Datenordner jeder Schülerin und jedes Schülers an, "
+        "unter Linux in ~/.local/share/Kelvora, unter Windows in %APPDATA%\\Kelvora. So hat "
+        "jeder, der sich am Rechner anmeldet, seine eigenen Dateien. Eine Kopie, die ohne "
+        "Installation gestartet wird (von einem USB-Stick, aus einem entpackten Archiv oder von "
+        "einem Netzlaufwerk), legt sie in ihrem Programmordner neben die Datei kelvora ab.</p>"
+        "<p>Eine solche Kopie sollte von einem beschreibbaren Datenträger aus gestartet werden "
         "(Festplatte, Diskette, passend formatierte CD oder DVD in einem Brennerlaufwerk, "
         "USB-Stick). Kann das Programm nicht auf den Datenträger schreiben, fallen einige "
         "Funktionen aus: So merkt es sich zum Beispiel nicht mehr die Stelle, an der es beendet "
         "wurde, und die Arbeit kann später nicht dort fortgesetzt werden. Dasselbe gilt, wenn "
-        "Ordner oder Dateien schreibgeschützt sind.</p>");
+        "Ordner oder Dateien schreibgeschützt sind, beim installierten Programm der eigene "
+        "Datenordner.</p>");
 }
 
 InfoScreen::InfoScreen(ScreenId id, QWidget *parent)
@@ -134,7 +143,7 @@ InfoScreen::InfoScreen(ScreenId id, QWidget *parent)
     Zoom &z = zoom();
 
     picture = new Picture(info.text(), central);
-    z.setFont(picture, 1.2);
+    z.setFont(picture, info.textScale);
     picture->setFrameStyle(QFrame::Box | QFrame::Plain);
     if (id == ScreenId::Author)
         picture->setDrawing(QStringLiteral(":/title.svg"),
@@ -157,4 +166,9 @@ InfoScreen::InfoScreen(ScreenId id, QWidget *parent)
 
 void InfoScreen::closeScreen() {
     Screens::unload(this);
+}
+
+bool InfoScreen::closeOnEscape() {
+    closeScreen();
+    return true;
 }

@@ -20,6 +20,10 @@ public:
 
     Picture *picture = nullptr;         // Image1
     QPushButton *closeButton = nullptr; // Command1, a picture button without caption
+
+protected:
+    // Escape closes the screen, as its close button does.
+    bool closeOnEscape() override;
 };
 
 // The text of each information picture, as rich text.

@@ -4,6 +4,7 @@
 #include "controlcentre.h"
 #include "form.h"
 #include "picture.h"
+#include "testsupport.h"
 #include "zoom.h"
 
 #include <QAbstractButton>
@@ -90,12 +91,6 @@ QString cut(const QWidget *w) {
 }
 
 } // namespace
-
-void settle() {
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
-}
 
 void resizeTo(Form *form, QSize size) {
     form->window()->resize(size);

@@ -8,8 +8,6 @@ class Form;
 
 // What the zoom tests check of a screen as it stands in its window.
 
-// Lets a resize reach the page: the zoom follows on the next pass of the event loop.
-void settle();
 // Resizes the window a screen is shown in (its own, or the one the pages share) and lets the
 // zoom follow.
 void resizeTo(Form *form, QSize size);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The display-mode screen against a real X server with several modes. CTest starts an X server
 // with the dummy video driver for it and sets DISPLAY; the server is asked through xrandr.
+#include "backend_x11.h"
 #include "displaymodes.h"
 #include "displaymodescreen.h"
 #include "screens.h"
@@ -8,7 +9,6 @@
 
 #include <QGuiApplication>
 #include <QListWidget>
-#include <QProcess>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTest>
@@ -16,10 +16,7 @@
 namespace {
 
 QString xrandr(const QStringList &arguments) {
-    QProcess process;
-    process.start(QStringLiteral("xrandr"), arguments);
-    const bool ran = process.waitForFinished(20000) && process.exitCode() == 0;
-    return ran ? QString::fromLocal8Bit(process.readAllStandardOutput()) : QString();
+    return runProgram(QStringLiteral("xrandr"), arguments);
 }
 
 // The screen size the server reports, as "1024 x 768".
@@ -53,11 +50,21 @@ QStringList serverModes() {
 
 } // namespace
 
+Q_DECLARE_METATYPE(X11ModeStep)
+
 class TestDisplayX11 : public QObject {
     Q_OBJECT
 
 private:
     QString original_;
+
+    // The pupil clicks the entry, then "Auflösung ändern".
+    static bool chooseAndChange(DisplayModeScreen *screen, const QString &entry) {
+        if (!clickEntry(screen->modeList, entry) || !screen->changeButton->isEnabled())
+            return false;
+        QTest::mouseClick(screen->changeButton, Qt::LeftButton);
+        return true;
+    }
 
     void restore() {
         DisplayModes::setResolution(original_.section(u' ', 0, 0).toInt(),
@@ -77,9 +84,7 @@ private Q_SLOTS:
     void listMatchesServer() {
         TestProgramme programme;
         auto *screen = Screens::show<DisplayModeScreen>(ScreenId::DisplayMode);
-        QStringList listed;
-        for (int i = 0; i < screen->modeList->count(); ++i)
-            listed.append(screen->modeList->item(i)->text());
+        const QStringList listed = entryTexts(screen->modeList);
         QCOMPARE(listed, serverModes());
         // The sizes of the server's configuration, each at one or two rates, are listed once.
         for (const char *mode : {"1024 x 768", "800 x 600", "1280 x 1024", "640 x 480"})
@@ -88,21 +93,35 @@ private Q_SLOTS:
         QVERIFY(!screen->changeButton->isEnabled());
     }
 
-    void change_data() {
+    // A step of the change that the server refuses: the mode with its rate, the desktop size
+    // and the output's place are as they were, as the server reports them. The next change, with
+    // no step refused, goes through.
+    void refusedStep_data() {
         QTest::addColumn<QString>("entry");
-        QTest::addRow("smaller") << "800 x 600";
-        QTest::addRow("larger") << "1280 x 1024";
+        QTest::addColumn<X11ModeStep>("step");
+        QTest::addRow("smaller: output off") << "800 x 600" << X11ModeStep::OutputOff;
+        QTest::addRow("smaller: desktop size") << "800 x 600" << X11ModeStep::ScreenSize;
+        QTest::addRow("smaller: new mode") << "800 x 600" << X11ModeStep::NewMode;
+        QTest::addRow("larger: desktop size") << "1280 x 1024" << X11ModeStep::ScreenSize;
+        QTest::addRow("larger: new mode") << "1280 x 1024" << X11ModeStep::NewMode;
     }
-    void change() {
+    void refusedStep() {
         QFETCH(QString, entry);
+        QFETCH(X11ModeStep, step);
         TestProgramme programme;
         auto *screen = Screens::show<DisplayModeScreen>(ScreenId::DisplayMode);
-        const QList<QListWidgetItem *> found = screen->modeList->findItems(entry, Qt::MatchExactly);
-        QCOMPARE(found.size(), 1);
-        QTest::mouseClick(screen->modeList->viewport(), Qt::LeftButton, {},
-                          screen->modeList->visualItemRect(found.first()).center());
-        QTest::mouseClick(screen->changeButton, Qt::LeftButton);
+        const QString before = xrandr({QStringLiteral("--query")});
+        QVERIFY(before.contains(QStringLiteral(" connected primary ")));
 
+        refuseX11ModeStep(step);
+        const bool chosen = chooseAndChange(screen, entry);
+        refuseX11ModeStep(std::nullopt);
+        QVERIFY(chosen);
+
+        QCOMPARE(xrandr({QStringLiteral("--query")}), before);
+        QCOMPARE(DisplayModes::resolutionText(), original_);
+        QVERIFY(!screen->changeButton->isEnabled());
+        QVERIFY(chooseAndChange(screen, entry));
         QCOMPARE(serverSize(), entry);
         QCOMPARE(DisplayModes::resolutionText(), entry);
         QVERIFY(!screen->changeButton->isEnabled());

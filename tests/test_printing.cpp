@@ -9,26 +9,15 @@
 #include <QLocale>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QProcess>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QRegularExpression>
 #include <QTest>
-#include <QTimer>
 
 #include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString run(const QString &program, const QStringList &arguments) {
-    QProcess process;
-    process.start(program, arguments);
-    if (!process.waitForFinished(30000) || process.exitCode() != 0)
-        return {};
-    return QString::fromUtf8(process.readAllStandardOutput());
-}
 
 // Printouts go into a PDF file.
 void printInto(const QString &pdf, const QPageSize &size = QPageSize(QPageSize::A4)) {
@@ -51,17 +40,13 @@ QStringList lines(const QString &text) {
     return result;
 }
 QStringList pdfLines(const QString &pdf) {
-    return lines(run(u"pdftotext"_s, {u"-layout"_s, pdf, u"-"_s}));
+    return lines(runProgram(u"pdftotext"_s, {u"-layout"_s, pdf, u"-"_s}));
 }
 
 // Solves the test, with one wrong click, and prints it with the button that ends the programme.
 void printFinishedTest() {
     auto *page = Screens::show<FinalTestPage>(ScreenId::FinalTest);
-    for (int i : {2, 0, 7, 9, 14, 17, 20, 26, 29, 33, 39}) {
-        if (page->halfChangeTimer->isActive())
-            page->showSecondHalf();
-        QTest::mouseClick(page->optionButtons[static_cast<std::size_t>(i)], Qt::LeftButton);
-    }
+    clickOptions(page, {2, 0, 7, 9, 14, 17, 20, 26, 29, 33, 39});
     QVERIFY(page->printButton->isVisible());
     QTest::mouseClick(page->printButton, Qt::LeftButton);
 }
@@ -69,8 +54,8 @@ void printFinishedTest() {
 // A page of a PDF as a grey picture at 50 dots per inch.
 QImage page(const QString &pdf, int number) {
     const QString stem = pdf + QString::number(number), n = QString::number(number);
-    run(u"pdftoppm"_s, {u"-r"_s, u"50"_s, u"-gray"_s, u"-png"_s, u"-singlefile"_s, u"-f"_s, n,
-                        u"-l"_s, n, pdf, stem});
+    runProgram(u"pdftoppm"_s, {u"-r"_s, u"50"_s, u"-gray"_s, u"-png"_s, u"-singlefile"_s, u"-f"_s,
+                               n, u"-l"_s, n, pdf, stem});
     return QImage(stem + u".png"_s).convertToFormat(QImage::Format_Grayscale8);
 }
 
@@ -144,9 +129,9 @@ private Q_SLOTS:
         QVERIFY(Screens::programmeEnded());
         QCOMPARE(pdfLines(pdf),
                  lines(QString::fromLatin1(programme->read(u"TestergebnisQel.doc"_s))));
-        QVERIFY(
-            run(u"pdfinfo"_s, {pdf}).contains(QRegularExpression(u"Pages:\\s+%1\n"_s.arg(pages))));
-        QVERIFY(run(u"pdffonts"_s, {pdf}).contains(u"LiberationSans"_s));
+        QVERIFY(runProgram(u"pdfinfo"_s, {pdf})
+                    .contains(QRegularExpression(u"Pages:\\s+%1\n"_s.arg(pages))));
+        QVERIFY(runProgram(u"pdffonts"_s, {pdf}).contains(u"LiberationSans"_s));
         for (int p = 1; p <= pages; ++p)
             QVERIFY2(marginsKept(page(pdf, p)), qPrintable(QString::number(p)));
     }
@@ -193,7 +178,7 @@ private Q_SLOTS:
                 const QSet<QString> added = pdfs() - before;
                 pdf = added.isEmpty() ? QString() : *added.begin();
                 return !pdf.isEmpty() &&
-                       run(u"lpstat"_s, {u"-o"_s, u"KelvoraPDF"_s}).trimmed().isEmpty();
+                       runProgram(u"lpstat"_s, {u"-o"_s, u"KelvoraPDF"_s}).trimmed().isEmpty();
             }(),
             60000);
         // cups-pdf rebuilds the fonts without a way back to the characters, so the printout is

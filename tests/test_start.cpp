@@ -1,136 +1,73 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Start-up: reading the start position and opening the page named there.
 #include "course.h"
-#include "picture.h"
 #include "screens.h"
-#include "seams.h"
 #include "shell.h"
-#include "startscreen.h"
 #include "testsupport.h"
 
-#include <QDir>
-#include <QPushButton>
 #include <QTest>
-
-namespace {
-
-void registerTargets() {
-    QList<QPair<ScreenId, QString>> probes{
-        {ScreenId::ControlCentre, QStringLiteral("Steuerzentrum")}};
-    for (int page = 1; page <= 11; ++page)
-        probes.append({pageScreen(page), QStringLiteral("Qel%1").arg(page)});
-    registerShellScreens();
-    registerProbes(probes);
-}
-
-void settle() {
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
-
-} // namespace
 
 class TestStart : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void init() { registerTargets(); }
-    void dispatch_data();
-    void dispatch();
-    void gradeScaleDefaultsAfterTheDispatch();
-    void continueOpensTheControlCentre();
-    void startFileAtTheRoot();
+    void init() {
+        QList<QPair<ScreenId, QString>> probes{
+            {ScreenId::ControlCentre, QStringLiteral("Steuerzentrum")}};
+        for (int page = 1; page <= 11; ++page)
+            probes.append({pageScreen(page), QStringLiteral("Qel%1").arg(page)});
+        registerShellScreens();
+        registerProbes(probes);
+    }
+
+    void dispatch_data() {
+        QTest::addColumn<bool>("fileExists");
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QString>("opened"); // empty: the start screen stays; "-": the end
+        QTest::addRow("no file") << false << QByteArray() << QString();
+        QTest::addRow("empty file") << true << QByteArray() << QString();
+        QTest::addRow("restart") << true << QByteArray("\"50\"\r\n") << QString();
+        QTest::addRow("restart written by page 11")
+            << true << QByteArray("\"50\"\r\n0\r\n") << QString();
+        for (int page = 1; page <= 11; ++page) {
+            QTest::addRow("page %d", page)
+                << true << QByteArray("\"") + QByteArray::number(page) + "\"\r\n"
+                << QStringLiteral("Qel%1").arg(page);
+        }
+        QTest::addRow("page 1 with counts")
+            << true << QByteArray("\"1\"\r\n3\r\n4\r\n") << QStringLiteral("Qel1");
+        QTest::addRow("page 11 with its zero")
+            << true << QByteArray("\"11\"\r\n0\r\n") << QStringLiteral("Qel11");
+        QTest::addRow("bare number") << true << QByteArray("7\r\n") << QStringLiteral("Qel7");
+        QTest::addRow("12") << true << QByteArray("\"12\"\r\n") << QStringLiteral("-");
+        QTest::addRow("07") << true << QByteArray("\"07\"\r\n") << QStringLiteral("-");
+        QTest::addRow("blank 7") << true << QByteArray("\" 7\"\r\n") << QStringLiteral("-");
+        QTest::addRow("abc") << true << QByteArray("\"abc\"\r\n") << QStringLiteral("-");
+    }
+    void dispatch() {
+        QFETCH(bool, fileExists);
+        QFETCH(QByteArray, content);
+        QFETCH(QString, opened);
+        TestProgramme programme;
+        if (fileExists)
+            programme.write(QStringLiteral("StartQelB.txt"), content);
+
+        Screens::show(ScreenId::Start);
+        settle();
+
+        QCOMPARE(course.startFilePath, programme.path(QStringLiteral("StartQelB.txt")));
+        QCOMPARE(Screens::loaded(ScreenId::Start) != nullptr, opened.isEmpty());
+        QCOMPARE(Screens::programmeEnded(), opened == QStringLiteral("-"));
+        // Whatever the start position, the grade scale is the usual one afterwards.
+        QCOMPARE(QList<int>({course.gradeMin5, course.gradeMin4, course.gradeMin3, course.gradeMin2,
+                             course.gradeMin1}),
+                 QList<int>({20, 40, 60, 80, 96}));
+        if (opened.isEmpty() || opened == QStringLiteral("-"))
+            QVERIFY(ProbeForm::log.isEmpty());
+        else
+            QCOMPARE(ProbeForm::log, QStringList({opened + QStringLiteral(":load"),
+                                                  opened + QStringLiteral(":activate")}));
+    }
 };
-
-void TestStart::dispatch_data() {
-    QTest::addColumn<bool>("fileExists");
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("opened"); // empty: the start screen stays; "-": nothing, the end
-
-    QTest::addRow("no file") << false << QByteArray() << QString();
-    QTest::addRow("empty file") << true << QByteArray() << QString();
-    QTest::addRow("restart") << true << QByteArray("\"50\"\r\n") << QString();
-    QTest::addRow("restart written by page 11")
-        << true << QByteArray("\"50\"\r\n0\r\n") << QString();
-    for (int page = 1; page <= 11; ++page) {
-        QTest::addRow("page %d", page)
-            << true << QByteArray("\"") + QByteArray::number(page) + "\"\r\n"
-            << QStringLiteral("Qel%1").arg(page);
-    }
-    QTest::addRow("page 1 with counts")
-        << true << QByteArray("\"1\"\r\n3\r\n4\r\n") << QStringLiteral("Qel1");
-    QTest::addRow("page 11 with its zero")
-        << true << QByteArray("\"11\"\r\n0\r\n") << QStringLiteral("Qel11");
-    QTest::addRow("bare number") << true << QByteArray("7\r\n") << QStringLiteral("Qel7");
-    QTest::addRow("12") << true << QByteArray("\"12\"\r\n") << QStringLiteral("-");
-    QTest::addRow("07") << true << QByteArray("\"07\"\r\n") << QStringLiteral("-");
-    QTest::addRow("blank 7") << true << QByteArray("\" 7\"\r\n") << QStringLiteral("-");
-    QTest::addRow("abc") << true << QByteArray("\"abc\"\r\n") << QStringLiteral("-");
-}
-
-void TestStart::dispatch() {
-    QFETCH(bool, fileExists);
-    QFETCH(QByteArray, content);
-    QFETCH(QString, opened);
-    TestProgramme programme;
-    if (fileExists)
-        programme.write(QStringLiteral("StartQelB.txt"), content);
-
-    Screens::show(ScreenId::Start);
-    settle();
-
-    if (opened.isEmpty()) {
-        QVERIFY(Screens::loaded(ScreenId::Start));
-        QVERIFY(!Screens::programmeEnded());
-        QVERIFY(ProbeForm::log.isEmpty());
-    } else if (opened == QStringLiteral("-")) {
-        QVERIFY(Screens::programmeEnded());
-        QVERIFY(ProbeForm::log.isEmpty());
-    } else {
-        QVERIFY(!Screens::loaded(ScreenId::Start));
-        QCOMPARE(ProbeForm::log, QStringList({opened + QStringLiteral(":load"),
-                                              opened + QStringLiteral(":activate")}));
-        QVERIFY(!Screens::programmeEnded());
-    }
-    QCOMPARE(course.startFilePath, programme.path(QStringLiteral("StartQelB.txt")));
-}
-
-void TestStart::gradeScaleDefaultsAfterTheDispatch() {
-    TestProgramme programme;
-    programme.write(QStringLiteral("StartQelB.txt"), QByteArray("\"11\"\r\n0\r\n"));
-    course.gradeMin1 = 50; // as if edited in an earlier part of the run
-    std::int16_t seenByThePage = -1;
-    Screens::registerScreen(ScreenId::FinalTest, [&seenByThePage] {
-        seenByThePage = course.gradeMin1;
-        return new ProbeForm(ScreenId::FinalTest, QStringLiteral("Qel11"));
-    });
-    Screens::show(ScreenId::Start);
-    QCOMPARE(seenByThePage, std::int16_t(50));
-    QCOMPARE(QList<int>({course.gradeMin5, course.gradeMin4, course.gradeMin3, course.gradeMin2,
-                         course.gradeMin1}),
-             QList<int>({20, 40, 60, 80, 96}));
-}
-
-void TestStart::continueOpensTheControlCentre() {
-    TestProgramme programme;
-    auto *start = Screens::show<StartScreen>(ScreenId::Start);
-    QVERIFY(start->spareArt->isHidden());
-    QVERIFY(!start->titleArt->isHidden());
-    QTest::mouseClick(start->continueButton, Qt::LeftButton);
-    settle();
-    QCOMPARE(ProbeForm::log, QStringList({QStringLiteral("Steuerzentrum:load"),
-                                          QStringLiteral("Steuerzentrum:activate")}));
-    QVERIFY(!Screens::loaded(ScreenId::Start));
-    QVERIFY(!Screens::programmeEnded());
-}
-
-void TestStart::startFileAtTheRoot() {
-    TestProgramme programme;
-    const QString root = QDir::rootPath();
-    Seams::setProgrammeFolder([root] { return QDir::toNativeSeparators(root); });
-    Screens::show(ScreenId::Start);
-    QCOMPARE(course.startFilePath,
-             QDir::toNativeSeparators(root) + QStringLiteral("StartQelB.txt"));
-}
 
 QTEST_MAIN(TestStart)
 #include "test_start.moc"

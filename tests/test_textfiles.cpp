@@ -1,164 +1,166 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The small text files: path rule, Windows-1252 bytes, quoted items and the print style.
+// The small text files: path rule, Windows-1252 bytes, quoted items and the print style. What the
+// start screen reads from the start-position file is checked with the start-up in test_start.
 #include "seams.h"
 #include "testsupport.h"
 #include "textfiles.h"
 
 #include <QDir>
+#include <QTemporaryDir>
 #include <QTest>
+
+using namespace Qt::StringLiterals;
 
 class TestTextFiles : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void pathRule_data();
-    void pathRule();
-    void windows1252();
-    void quotedItems_data();
-    void quotedItems();
-    void quotedItemsIntoMissingFolder();
-    void firstItem_data();
-    void firstItem();
-    void printLine_data();
-    void printLine();
+    void pathRule_data() {
+        QTest::addColumn<QString>("folder");
+        QTest::addColumn<QString>("expected");
+        const auto native = [](const QString &path) {
+            return QDir::toNativeSeparators(path);
+        };
+        QTest::addRow("plain folder")
+            << native(u"/opt/kelvora"_s) << native(u"/opt/kelvora/StartQelB.txt"_s);
+        QTest::addRow("folder ending in separator")
+            << native(u"/opt/"_s) << native(u"/opt/StartQelB.txt"_s);
+        QTest::addRow("root") << native(u"/"_s) << native(u"/StartQelB.txt"_s);
+    }
+    void pathRule() {
+        QFETCH(QString, folder);
+        QFETCH(QString, expected);
+        TestProgramme programme;
+        Seams::setProgrammeFolder([folder] { return folder; });
+        QCOMPARE(TextFiles::programmePath(u"StartQelB.txt"_s), expected);
+    }
+
+    // Where the files live: beside a portable copy, in the pupil's data folder for an installed
+    // one (bin/kelvora beside share/kelvora/ of the same prefix). The package test runs an
+    // installed copy in /usr and a portable one.
+    void filesFolder_data() {
+        QTest::addColumn<QString>("executable");
+        QTest::addColumn<QStringList>("folders"); // made below the scratch folder
+        QTest::addColumn<bool>("installed");
+        QTest::addRow("installed in a prefix of its own")
+            << u"opt/kelvora/bin"_s
+            << QStringList{u"opt/kelvora/bin"_s, u"opt/kelvora/share/kelvora"_s} << true;
+        QTest::addRow("bin folder without Kelvora's share folder")
+            << u"usr/bin"_s << QStringList{u"usr/bin"_s, u"usr/share/other"_s} << false;
+        QTest::addRow("build tree")
+            << u"build/default/app"_s
+            << QStringList{u"build/default/app"_s, u"build/default/share/kelvora"_s} << false;
+    }
+    void filesFolder() {
+        QFETCH(QString, executable);
+        QFETCH(QStringList, folders);
+        QFETCH(bool, installed);
+        QTemporaryDir scratch;
+        for (const QString &folder : folders)
+            QVERIFY(QDir(scratch.path()).mkpath(folder));
+        const QString exe = scratch.filePath(executable), data = scratch.filePath(u"home"_s);
+        QCOMPARE(Seams::filesFolderFor(exe, data), installed ? data : exe);
+    }
+
+    void windows1252() {
+        const QString text = u"äöüßÄÖÜ €„“–é→"_s;
+        const QByteArray bytes("\xE4\xF6\xFC\xDF\xC4\xD6\xDC\x20\x80\x84\x93\x96\xE9?");
+        QCOMPARE(TextFiles::toWindows1252(text), bytes);
+        QCOMPARE(TextFiles::fromWindows1252(bytes.left(13)), text.left(13));
+    }
+
+    void quotedItems_data() {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QStringList>("strings");
+        QTest::addColumn<QList<int>>("numbers");
+        QTest::addColumn<bool>("closed"); // else the writer never finishes: a kill, a crash
+        QTest::addColumn<QByteArray>("expected");
+        const QString f = u"f.txt"_s;
+        QTest::addRow("page number alone")
+            << f << QStringList{u"7"_s} << QList<int>{} << true << QByteArray("\"7\"\r\n");
+        QTest::addRow("page with two counts") << f << QStringList{u"1"_s} << QList<int>{4, 5}
+                                              << true << QByteArray("\"1\"\r\n4\r\n5\r\n");
+        QTest::addRow("negative and zero") << f << QStringList{u"50"_s} << QList<int>{0, -3} << true
+                                           << QByteArray("\"50\"\r\n0\r\n-3\r\n");
+        QTest::addRow("umlaut in a string") << f << QStringList{u"Größe"_s} << QList<int>{} << true
+                                            << QByteArray("\"Gr\xF6\xDF\x65\"\r\n");
+        QTest::addRow("into a missing folder, without a word")
+            << u"no-such-folder/f.txt"_s << QStringList{u"7"_s} << QList<int>{3} << true
+            << QByteArray();
+        QTest::addRow("never finished") << f << QStringList{u"1"_s} << QList<int>{4, 5} << false
+                                        << QByteArray("old content that must go\r\n");
+    }
+    // The file is replaced all at once: until the writer has finished, the old content stays on
+    // disk whole, and a writer that never finishes leaves it so, with no temporary file behind.
+    void quotedItems() {
+        QFETCH(QString, file);
+        QFETCH(QStringList, strings);
+        QFETCH(QList<int>, numbers);
+        QFETCH(bool, closed);
+        QFETCH(QByteArray, expected);
+        TestProgramme programme;
+        const QByteArray old = "old content that must go\r\n";
+        programme.write(u"f.txt"_s, old);
+        {
+            QuotedItemFile items(programme.path(file));
+            for (const QString &s : strings)
+                items.write(s);
+            for (int n : numbers)
+                items.write(n);
+            QCOMPARE(programme.read(u"f.txt"_s), old);
+            if (closed)
+                items.close();
+        }
+        QCOMPARE(programme.read(file), expected);
+        QCOMPARE(QDir(programme.folder()).entryList(QDir::Files | QDir::Hidden),
+                 QStringList{u"f.txt"_s});
+    }
+
+    void firstItem_data() {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<bool>("hasItem");
+        QTest::addColumn<QString>("item");
+        QTest::addRow("bare item up to comma") << QByteArray("  12 ,x\r\n") << true << u"12"_s;
+        QTest::addRow("unterminated quote") << QByteArray("\"abc") << true << u"abc"_s;
+        QTest::addRow("umlaut") << QByteArray("\"\xFC\"") << true << u"ü"_s;
+        QTest::addRow("blank lines only") << QByteArray("\r\n  \r\n") << false << QString();
+    }
+    void firstItem() {
+        QFETCH(QByteArray, content);
+        QFETCH(bool, hasItem);
+        QFETCH(QString, item);
+        TestProgramme programme;
+        programme.write(u"StartQelB.txt"_s, content);
+        const auto read = TextFiles::readFirstItem(programme.path(u"StartQelB.txt"_s));
+        QCOMPARE(read.has_value(), hasItem);
+        QCOMPARE(read.value_or(QString()), item);
+    }
+
+    void printLine_data() {
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<QString>("expected");
+        const QString zone(14, u' ');
+        QTest::addRow("totals")
+            << PrintLine().number(10).text(u"Punkte von"_s).number(12).text(u"Punkten"_s).str()
+            << u" 10 Punkte von 12 Punkten"_s;
+        QTest::addRow("negative number") << PrintLine().number(-5).str() << u"-5 "_s;
+        QTest::addRow("zero") << PrintLine().number(0).str() << u" 0 "_s;
+        QTest::addRow("grade at the third zone")
+            << PrintLine().text(u"Programm Kelvora:"_s).nextZone().text(u"Zensur:   2"_s).str()
+            << u"Programm Kelvora:"_s + QString(11, u' ') + u"Zensur:   2"_s;
+        QTest::addRow("short text to the second zone")
+            << PrintLine().text(u"abc"_s).nextZone().text(u"x"_s).str()
+            << u"abc"_s + QString(11, u' ') + u"x"_s;
+        QTest::addRow("full zone moves on")
+            << PrintLine().text(QString(14, u'z')).nextZone().text(u"x"_s).str()
+            << QString(14, u'z') + zone + u"x"_s;
+        QTest::addRow("empty line to first zone") << PrintLine().nextZone().str() << zone;
+    }
+    void printLine() {
+        QFETCH(QString, line);
+        QFETCH(QString, expected);
+        QCOMPARE(line, expected);
+    }
 };
-
-void TestTextFiles::pathRule_data() {
-    QTest::addColumn<QString>("folder");
-    QTest::addColumn<QString>("expected");
-    const QString sep = QDir::separator();
-    QTest::addRow("plain folder") << sep + QStringLiteral("opt") + sep + QStringLiteral("kelvora")
-                                  << sep + QStringLiteral("opt") + sep + QStringLiteral("kelvora") +
-                                         sep + QStringLiteral("StartQelB.txt");
-    QTest::addRow("folder ending in separator")
-        << sep + QStringLiteral("opt") + sep
-        << sep + QStringLiteral("opt") + sep + QStringLiteral("StartQelB.txt");
-    QTest::addRow("root") << QString(sep) << sep + QStringLiteral("StartQelB.txt");
-}
-
-void TestTextFiles::pathRule() {
-    QFETCH(QString, folder);
-    QFETCH(QString, expected);
-    TestProgramme programme;
-    Seams::setProgrammeFolder([folder] { return folder; });
-    QCOMPARE(TextFiles::programmePath(QStringLiteral("StartQelB.txt")), expected);
-}
-
-void TestTextFiles::windows1252() {
-    const QString text = QStringLiteral("äöüßÄÖÜ €„“–é→");
-    const QByteArray bytes("\xE4\xF6\xFC\xDF\xC4\xD6\xDC\x20\x80\x84\x93\x96\xE9?");
-    QCOMPARE(TextFiles::toWindows1252(text), bytes);
-    QCOMPARE(TextFiles::fromWindows1252(bytes.left(13)), text.left(13));
-}
-
-void TestTextFiles::quotedItems_data() {
-    QTest::addColumn<QStringList>("strings");
-    QTest::addColumn<QList<int>>("numbers");
-    QTest::addColumn<QByteArray>("expected");
-    QTest::addRow("page number alone")
-        << QStringList{QStringLiteral("7")} << QList<int>{} << QByteArray("\"7\"\r\n");
-    QTest::addRow("page with two counts") << QStringList{QStringLiteral("1")} << QList<int>{4, 5}
-                                          << QByteArray("\"1\"\r\n4\r\n5\r\n");
-    QTest::addRow("negative and zero") << QStringList{QStringLiteral("50")} << QList<int>{0, -3}
-                                       << QByteArray("\"50\"\r\n0\r\n-3\r\n");
-    QTest::addRow("umlaut in a string") << QStringList{QStringLiteral("Größe")} << QList<int>{}
-                                        << QByteArray("\"Gr\xF6\xDF\x65\"\r\n");
-}
-
-void TestTextFiles::quotedItems() {
-    QFETCH(QStringList, strings);
-    QFETCH(QList<int>, numbers);
-    QFETCH(QByteArray, expected);
-    TestProgramme programme;
-    programme.write(QStringLiteral("f.txt"), QByteArray("old content that must go\r\n"));
-    QuotedItemFile file(programme.path(QStringLiteral("f.txt")));
-    for (const QString &s : strings)
-        file.write(s);
-    for (int n : numbers)
-        file.write(n);
-    file.close();
-    QCOMPARE(programme.read(QStringLiteral("f.txt")), expected);
-}
-
-void TestTextFiles::quotedItemsIntoMissingFolder() {
-    TestProgramme programme;
-    const QString path = programme.path(QStringLiteral("no-such-folder/f.txt"));
-    QuotedItemFile file(path);
-    file.write(QStringLiteral("7"));
-    file.write(3);
-    file.close();
-    QVERIFY(!QFile::exists(path));
-}
-
-void TestTextFiles::firstItem_data() {
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<bool>("hasItem");
-    QTest::addColumn<QString>("item");
-    QTest::addRow("quoted") << QByteArray("\"7\"\r\n") << true << QStringLiteral("7");
-    QTest::addRow("further lines ignored")
-        << QByteArray("\"1\"\r\n4\r\n5\r\n") << true << QStringLiteral("1");
-    QTest::addRow("bare number") << QByteArray("11\r\n0\r\n") << true << QStringLiteral("11");
-    QTest::addRow("bare item up to comma")
-        << QByteArray("  12 ,x\r\n") << true << QStringLiteral("12");
-    QTest::addRow("quoted blanks kept") << QByteArray("\" 7\"\r\n") << true << QStringLiteral(" 7");
-    QTest::addRow("leading zero kept") << QByteArray("\"07\"\r\n") << true << QStringLiteral("07");
-    QTest::addRow("unterminated quote") << QByteArray("\"abc") << true << QStringLiteral("abc");
-    QTest::addRow("umlaut") << QByteArray("\"\xFC\"") << true << QStringLiteral("ü");
-    QTest::addRow("empty file") << QByteArray() << false << QString();
-    QTest::addRow("blank lines only") << QByteArray("\r\n  \r\n") << false << QString();
-}
-
-void TestTextFiles::firstItem() {
-    QFETCH(QByteArray, content);
-    QFETCH(bool, hasItem);
-    QFETCH(QString, item);
-    TestProgramme programme;
-    programme.write(QStringLiteral("StartQelB.txt"), content);
-    const auto read = TextFiles::readFirstItem(programme.path(QStringLiteral("StartQelB.txt")));
-    QCOMPARE(read.has_value(), hasItem);
-    if (hasItem)
-        QCOMPARE(*read, item);
-    QVERIFY(!TextFiles::readFirstItem(programme.path(QStringLiteral("missing.txt"))));
-}
-
-void TestTextFiles::printLine_data() {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("expected");
-    QTest::addRow("totals") << PrintLine()
-                                   .number(10)
-                                   .text(QStringLiteral("Punkte von"))
-                                   .number(12)
-                                   .text(QStringLiteral("Punkten"))
-                                   .str()
-                            << QStringLiteral(" 10 Punkte von 12 Punkten");
-    QTest::addRow("negative number") << PrintLine().number(-5).str() << QStringLiteral("-5 ");
-    QTest::addRow("zero") << PrintLine().number(0).str() << QStringLiteral(" 0 ");
-    QTest::addRow("grade at the third zone")
-        << PrintLine()
-               .text(QStringLiteral("Programm Kelvora:"))
-               .nextZone()
-               .text(QStringLiteral("Zensur:   2"))
-               .str()
-        << QStringLiteral("Programm Kelvora:") + QString(11, QLatin1Char(' ')) +
-               QStringLiteral("Zensur:   2");
-    QTest::addRow("short text to the second zone")
-        << PrintLine().text(QStringLiteral("abc")).nextZone().text(QStringLiteral("x")).str()
-        << QStringLiteral("abc") + QString(11, QLatin1Char(' ')) + QStringLiteral("x");
-    QTest::addRow("full zone moves on")
-        << PrintLine()
-               .text(QString(14, QLatin1Char('z')))
-               .nextZone()
-               .text(QStringLiteral("x"))
-               .str()
-        << QString(14, QLatin1Char('z')) + QString(14, QLatin1Char(' ')) + QStringLiteral("x");
-    QTest::addRow("empty line to first zone")
-        << PrintLine().nextZone().str() << QString(14, QLatin1Char(' '));
-}
-
-void TestTextFiles::printLine() {
-    QFETCH(QString, line);
-    QFETCH(QString, expected);
-    QCOMPARE(line, expected);
-}
 
 QTEST_MAIN(TestTextFiles)
 #include "test_textfiles.moc"

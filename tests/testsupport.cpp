@@ -7,6 +7,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QListWidget>
+#include <QProcess>
 #include <QTest>
 #include <QTimer>
 
@@ -14,13 +16,51 @@ void resetProgrammeState() {
     course = CourseState{};
 }
 
+QByteArray readFile(const QString &path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return file.readAll();
+}
+
+QString runProgram(const QString &program, const QStringList &arguments) {
+    QProcess process;
+    process.start(program, arguments);
+    if (!process.waitForFinished(30000) || process.exitCode() != 0)
+        return {};
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+void setGradeScale(const QList<int> &minimums) {
+    std::tie(course.gradeMin5, course.gradeMin4, course.gradeMin3, course.gradeMin2,
+             course.gradeMin1) =
+        std::tuple(std::int16_t(minimums.at(0)), std::int16_t(minimums.at(1)),
+                   std::int16_t(minimums.at(2)), std::int16_t(minimums.at(3)),
+                   std::int16_t(minimums.at(4)));
+}
+
+QStringList entryTexts(const QListWidget *list) {
+    QStringList texts;
+    for (int i = 0; i < list->count(); ++i)
+        texts.append(list->item(i)->text());
+    return texts;
+}
+
+bool clickEntry(QListWidget *list, const QString &text) {
+    const QList<QListWidgetItem *> found = list->findItems(text, Qt::MatchExactly);
+    if (found.size() != 1)
+        return false;
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualItemRect(found.first()).center());
+    return true;
+}
+
 TestProgramme::TestProgramme()
     : now_(QDate(2026, 11, 22), QTime(14, 5, 9)) {
     Screens::reset();
     resetProgrammeState();
     ProbeForm::log.clear();
-    const QString folder = QDir::toNativeSeparators(dir_.path());
-    Seams::setProgrammeFolder([folder] { return folder; });
+    Seams::setProgrammeFolder([folder = QDir::toNativeSeparators(dir_.path())] { return folder; });
     Seams::setClock([this] { return now_; });
     Seams::setYesNo([this](const QString &text, const QString &title) {
         questionsAsked.append({text, title});
@@ -56,10 +96,7 @@ QString TestProgramme::path(const QString &fileName) const {
 }
 
 QByteArray TestProgramme::read(const QString &fileName) const {
-    QFile file(path(fileName));
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    return file.readAll();
+    return readFile(path(fileName));
 }
 
 void TestProgramme::write(const QString &fileName, const QByteArray &bytes) const {
@@ -99,4 +136,10 @@ void registerProbes(const QList<QPair<ScreenId, QString>> &screens) {
 
 void fireTimer(QTimer *timer) {
     QMetaObject::invokeMethod(timer, "timeout", Qt::DirectConnection);
+}
+
+void settle() {
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
 }

@@ -6,9 +6,13 @@
 #include <QByteArray>
 #include <QDateTime>
 #include <QList>
+#include <QRadioButton>
 #include <QString>
 #include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
 
+#include <cstddef>
 #include <stdexcept>
 
 // What a failure that ends the programme raises inside the tests.
@@ -47,6 +51,31 @@ private:
 
 void resetProgrammeState();
 
+// The bytes of a file; a null array when there is none.
+QByteArray readFile(const QString &path);
+
+// Runs a program to its end: its standard output, or a null string when it failed.
+QString runProgram(const QString &program, const QStringList &arguments);
+
+// The grade scale, course.gradeMin5 .. course.gradeMin1; by default the one a start sets.
+void setGradeScale(const QList<int> &minimums = {20, 40, 60, 80, 96});
+
+class QListWidget;
+// The texts of a list's entries, in order.
+QStringList entryTexts(const QListWidget *list);
+// Clicks the one entry with this text, as a pupil does; false when there is none.
+bool clickEntry(QListWidget *list, const QString &text);
+
+// Clicks options of the final test (0 to 39) in turn, as a pupil does; the second half comes
+// at once where the page would show it 3 s after question 5.
+template <class TestPage> void clickOptions(TestPage *page, const QList<int> &options) {
+    for (int i : options) {
+        if (page->halfChangeTimer->isActive())
+            page->showSecondHalf();
+        QTest::mouseClick(page->optionButtons.at(static_cast<std::size_t>(i)), Qt::LeftButton);
+    }
+}
+
 // A screen that only records what the screen layer does with it, for screens a test does not
 // need in full. Its log lines read "<id>:load" and "<id>:activate".
 class ProbeForm : public Form {
@@ -65,6 +94,8 @@ private:
 // Registers a ProbeForm for each of the screens, named by the given names.
 void registerProbes(const QList<QPair<ScreenId, QString>> &screens);
 
-class QTimer;
 // Fires a timer's tick at once, as if its interval had passed.
 void fireTimer(QTimer *timer);
+
+// Lets the screen layer finish what the last handler left: its layer step and deferred deletes.
+void settle();

@@ -1,22 +1,27 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that building (and, with "test", testing) Kelvora needs. As root it
-# installs what is missing with apt-get; otherwise it prints the one command that would.
+# Installs the Debian packages that building (and, with "test", testing; with "sanitize", the
+# sanitizer build and fuzzing) Kelvora needs. As root it installs what is missing with apt-get;
+# otherwise it prints the one command that would.
 set -euo pipefail
 
-build_packages=(cmake ninja-build g++ qt6-base-dev qt6-svg-dev libqt6svg6-dev libgl-dev
-    qt6-translations-l10n fonts-liberation fonts-dejavu-core libx11-dev libxrandr-dev)
+build_packages=(cmake ninja-build g++ qt6-base-dev qt6-svg-dev libgl-dev
+    qt6-translations-l10n fonts-liberation fonts-dejavu-core libx11-dev libxrandr-dev librsvg2-bin)
 test_packages=(xvfb xauth poppler-utils g++-mingw-w64-x86-64 xserver-xorg-core
-    xserver-xorg-video-dummy x11-xserver-utils cups cups-client printer-driver-cups-pdf)
+    xserver-xorg-video-dummy x11-xserver-utils cups cups-client printer-driver-cups-pdf
+    dpkg-dev file fakeroot lintian desktop-file-utils appstream clang-format clang-tidy
+    python3 python3-pyatspi at-spi2-core dbus dbus-x11 xdotool openbox x11-utils)
+# The sanitizer build and the fuzz targets: clang with its sanitizer and libFuzzer runtimes.
+sanitize_packages=(clang libclang-rt-dev)
 
 # The benchmark runs on the tests' X server, with a window manager that maximises windows.
 bench_packages=(xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils openbox)
 
 packages=("${build_packages[@]}")
-if [[ "${1:-}" == "test" ]]; then
-    packages+=("${test_packages[@]}")
-elif [[ "${1:-}" == "bench" ]]; then
-    packages+=("${bench_packages[@]}")
-fi
+case "${1:-}" in
+test) packages+=("${test_packages[@]}") ;;
+sanitize) packages+=("${sanitize_packages[@]}") ;;
+bench) packages+=("${bench_packages[@]}") ;;
+esac
 
 missing=()
 for p in "${packages[@]}"; do

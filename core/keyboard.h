@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+class QWidget;
+
+// How a pupil who works with the keyboard or a screen reader moves through a screen. Every screen
+// (Form) uses these; no screen lists its own tab order.
+namespace Keyboard {
+
+// Puts the controls of a window in the order in which they are read: its menu bar first, then
+// the contents of every layout row by row, each row from left to right. Screen readers read the
+// controls in this order, and Tab and Shift+Tab follow it. Controls outside any layout (the
+// panels that float over a page) come after the others, in the order they were made.
+void followReadingOrder(QWidget *window);
+
+} // namespace Keyboard

@@ -1,0 +1,405 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Every screen by keyboard and screen reader, where the end-to-end run (tests/e2e) does not go or
+// would find a fault only vaguely: the keys on the panels and the screens it closes with Escape,
+// keypad Enter, a held key, Tab inside the panels, the arrow keys of the final test, the reading
+// order of every screen, the focus frame and the contrast of every text.
+#include "application.h"
+#include "backend_screen.h"
+#include "captionlabel.h"
+#include "course.h"
+#include "displaymodes.h"
+#include "displaymodescreen.h"
+#include "finaltestpage.h"
+#include "gradescale.h"
+#include "lessonpage.h"
+#include "picture.h"
+#include "screens.h"
+#include "shell.h"
+#include "testsupport.h"
+#include "theme.h"
+
+#include <QAccessible>
+#include <QAction>
+#include <QApplication>
+#include <QGroupBox>
+#include <QKeySequence>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// WCAG 2.1 contrast of two colours.
+double contrast(const QColor &a, const QColor &b) {
+    const auto luminance = [](const QColor &c) {
+        const auto channel = [](double v) {
+            return v <= 0.04045 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * channel(c.redF()) + 0.7152 * channel(c.greenF()) +
+               0.0722 * channel(c.blueF());
+    };
+    const double x = luminance(a);
+    const double y = luminance(b);
+    return (std::max(x, y) + 0.05) / (std::min(x, y) + 0.05);
+}
+
+// What the pupil sees behind a control: a button's own face, the base of a field or a list, else
+// the colour of the nearest widget that paints its background.
+QColor background(const QWidget *w) {
+    const QPalette::ColorGroup group = w->isEnabled() ? QPalette::Active : QPalette::Disabled;
+    if (qobject_cast<const QPushButton *>(w))
+        return w->palette().color(group, QPalette::Button);
+    if (qobject_cast<const QLineEdit *>(w) || qobject_cast<const QListWidget *>(w))
+        return w->palette().color(group, QPalette::Base);
+    for (const QWidget *p = w; p; p = p->parentWidget()) {
+        if (p->autoFillBackground() || p->isWindow())
+            return p->palette().color(group, p->backgroundRole());
+    }
+    return {};
+}
+
+// The page, its panels and the screen in front, as a line: "Qel1 Frame2", "QelZens".
+QString where() {
+    const Form *f = Screens::activeScreen();
+    if (!f)
+        return u"-"_s;
+    QString s = f->objectName();
+    if (const auto *page = qobject_cast<const PageBase *>(f)) {
+        if (!page->overviewFrame->isHidden())
+            s += u" Frame2"_s;
+        if (!page->exitFrame->isHidden())
+            s += u" Frame10"_s;
+    }
+    return s;
+}
+
+// Presses keys on the focused control, named as in a key sequence ("Return", keypad "Enter",
+// "Escape", "Tab", "Up"), or "held": Return held down, an auto-repeated press. False when no
+// control has the focus.
+bool press(const QString &keys) {
+    for (const QString &key : keys.split(u' ', Qt::SkipEmptyParts)) {
+        QWidget *w = QApplication::focusWidget();
+        if (!w)
+            return false;
+        if (key == u"held") {
+            QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s, true);
+            QApplication::sendEvent(w, &held);
+        } else {
+            QTest::keyClick(w, QKeySequence(key)[0].key(),
+                            key == u"Enter" ? Qt::KeypadModifier : Qt::NoModifier);
+        }
+    }
+    return true;
+}
+
+// The pixels of a control drawn in the colour of the focus frame.
+int framePixels(QWidget *w) {
+    const QImage image = w->grab().toImage();
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            count += QColor(image.pixel(x, y)) == Theme::kFocusFrame;
+    return count;
+}
+
+// The shown controls a screen reader stops at, in the order it reads them.
+void readable(QAccessibleInterface *node, QList<QWidget *> &out) {
+    for (int i = 0; i < node->childCount(); ++i) {
+        QAccessibleInterface *child = node->child(i);
+        if (!child || child->state().invisible)
+            continue;
+        auto *w = qobject_cast<QWidget *>(child->object());
+        if (w && w->focusPolicy() & Qt::TabFocus && w->isEnabled())
+            out.append(w);
+        else
+            readable(child, out);
+    }
+}
+
+// The whole test with a wrong click before each right one.
+const QList<int> kWrongThenRight{1,  0,  4,  7,  8,  9,  12, 14, 16, 17,
+                                 21, 20, 24, 26, 28, 29, 32, 33, 36, 38};
+
+} // namespace
+
+class TestKeyboard : public QObject {
+    Q_OBJECT
+    std::optional<TestProgramme> programme;
+
+    // Opens a screen as the pupil meets it: the pages at 10:00 on the test clock, page 1 with a
+    // wrong answer to question 1, the information screens over page 2, the grade scale over a
+    // finished test.
+    Form *open(ScreenId id) {
+        programme->setTime(10 * 3600);
+        setGradeScale();
+        if (id == ScreenId::GradeScale)
+            clickOptions(Screens::show<FinalTestPage>(ScreenId::FinalTest), kWrongThenRight);
+        else if (id == ScreenId::WorkingMethod || id == ScreenId::DisplayMode)
+            Screens::show(ScreenId::Page2);
+        Form *form = Screens::show(id);
+        if (!QTest::qWaitForWindowActive(form))
+            return nullptr;
+        if (id == ScreenId::Page1) {
+            programme->advance(20);
+            QTest::keyClicks(static_cast<LessonPage *>(form)->answerEdit, u"a"_s);
+        }
+        return form;
+    }
+
+private Q_SLOTS:
+    void initTestCase() {
+        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+        setUpApplication(*qobject_cast<QApplication *>(QCoreApplication::instance()));
+    }
+    void init() {
+        programme.emplace();
+        programme->answers = {false, false, false};
+        registerShellScreens();
+        registerLessonPages();
+        registerFinalTestScreens();
+        registerDisplayScreens();
+        DisplayModes::setDisplayBackend(makeScreenSizeBackend());
+    }
+    void cleanup() {
+        programme.reset();
+        DisplayModes::setDisplayBackend({});
+    }
+
+    // Enter, Return and keypad Enter press the focused push button, a held key once; the answer
+    // field ignores them. Escape closes the panel in front, elsewhere it does nothing. The exit
+    // frame opens on its harmless control and keeps Tab inside; the line of this page only
+    // closes the overview. The arrow keys move between the control centre's topics.
+    void keys_data() {
+        QTest::addColumn<int>("screen");
+        // Before the keys: a menu entry, a control clicked, or "@control" given the focus.
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<QString>("keys");
+        QTest::addColumn<QString>("after"); // where()
+        QTest::addColumn<QString>("focus"); // empty: whatever the new screen focuses
+        const auto row = [](const char *name, ScreenId id, const char *before, const char *keys,
+                            const char *after, const char *focus) {
+            QTest::newRow(name) << int(id) << QString::fromUtf8(before) << QString::fromUtf8(keys)
+                                << QString::fromUtf8(after) << QString::fromUtf8(focus);
+        };
+        row("keypad Enter: Aufgabe wiederholen", ScreenId::Page1, "@Command5", "Enter", "Qel1",
+            "Text1");
+        row("held Return presses once", ScreenId::FinalTest, "@Command3", "Return held",
+            "Qel11 Frame10", "Command12");
+        row("answer field", ScreenId::Page3, "", "Return Enter", "Qel3", "Text1");
+        row("Ich möchte nicht beenden", ScreenId::Page3, "Command3", "Return", "Qel3", "Text1");
+        row("overview line", ScreenId::Page3, "mnuWo @Label11_6", "Enter", "Qel7", "");
+        row("information screen", ScreenId::WorkingMethod, "", "Enter", "Qel2", "");
+        row("grade scale", ScreenId::GradeScale, "@Command1", "Return", "Qel11", "");
+        row("display mode", ScreenId::DisplayMode, "@Command2", "Return", "Qel2", "");
+        row("Escape: exit frame over the overview", ScreenId::Page1, "mnuWo Command3", "Escape",
+            "Qel1 Frame2", "Label11_0");
+        row("Escape: overview over the exit frame", ScreenId::Page1, "Command3 mnuWo", "Escape",
+            "Qel1 Frame10", "Command12");
+        row("Escape: overview of page 11", ScreenId::FinalTest, "mnuWo", "Escape", "Qel11",
+            "Option1_0");
+        row("Escape: page without a panel", ScreenId::Page4, "", "Escape", "Qel4", "Text1");
+        row("Escape: end page", ScreenId::EndPage, "", "Escape", "Qel50", "Command1");
+        row("Tab in the exit frame", ScreenId::FinalTest, "Command3", "Tab Tab Tab Backtab",
+            "Qel11 Frame10", "Command10");
+        row("line of this page", ScreenId::FinalTest, "mnuWo", "Space", "Qel11", "Option1_0");
+        row("control centre: arrow keys move without choosing", ScreenId::ControlCentre,
+            "@Command2", "Tab Down Up Up Left", "Steuerzentrum", "Option1_9");
+        row("control centre: Space chooses", ScreenId::ControlCentre, "@Option1_9", "Space",
+            "Qel10", "");
+    }
+    void keys() {
+        QFETCH(int, screen);
+        QFETCH(QString, before);
+        QFETCH(QString, keys);
+        QFETCH(QString, after);
+        QFETCH(QString, focus);
+        Form *form = open(ScreenId(screen));
+        QVERIFY(form);
+        for (const QString &step : before.split(u' ', Qt::SkipEmptyParts)) {
+            if (auto *entry = form->findChild<QAction *>(step))
+                entry->trigger();
+            else if (step.startsWith(u'@'))
+                form->findChild<QWidget *>(step.mid(1))->setFocus();
+            else
+                QTest::mouseClick(form->findChild<QWidget *>(step), Qt::LeftButton);
+        }
+        QVERIFY(press(keys));
+        settle();
+        QCOMPARE(where(), after);
+        if (const QWidget *focused = QApplication::focusWidget(); !focus.isEmpty())
+            QCOMPARE(focused ? focused->objectName() : u"nothing"_s, focus);
+    }
+
+    // Tab goes round the controls in reading order, inside a panel that is open, and a screen
+    // reader reads them in that order. Every focused control shows a frame of at least 3:1
+    // against what lies behind it, picture buttons and the flat lines of the overview included;
+    // without the focus there is none.
+    void tabRound_data() {
+        QTest::addColumn<int>("screen");
+        QTest::addColumn<QString>("panel"); // opened first: its menu entry and its form name
+        QTest::addColumn<QString>("round"); // from the control that has the focus on arrival
+        const auto row = [](const char *name, ScreenId id, const char *panel, const char *round) {
+            QTest::newRow(name) << int(id) << QString::fromUtf8(panel) << QString::fromUtf8(round);
+        };
+        row("start", ScreenId::Start, "", "Command1");
+        row("control centre", ScreenId::ControlCentre, "", "Command2 Option1_0");
+        row("page 1 after a wrong answer", ScreenId::Page1, "",
+            "Command5 Command4 Command3 Text1 Command2");
+        row("overview of page 5", ScreenId::Page5, "mnuWo Frame2",
+            "Label11_4 Label11_5 Label11_6 Label11_7 Label11_8 Label11_9 Label11_10 Command6 "
+            "Label11_0 Label11_1 Label11_2 Label11_3");
+        row("page 11", ScreenId::FinalTest, "", "Option1_0 Command2 Command3");
+        row("end page", ScreenId::EndPage, "", "Command1 Command3");
+        row("information screen", ScreenId::Author, "", "Command1");
+        row("grade scale", ScreenId::GradeScale, "",
+            "Text2_0 Command2_0 Text2_1 Command2_1 Text2_2 Command2_2 Text2_3 Command2_3 Text2_4 "
+            "Command2_4 Command4 Command1");
+        row("display mode", ScreenId::DisplayMode, "", "List1 Command2");
+    }
+    void tabRound() {
+        QFETCH(int, screen);
+        QFETCH(QString, panel);
+        QFETCH(QString, round);
+        Form *form = open(ScreenId(screen));
+        QVERIFY(form);
+        QWidget *within = form;
+        if (!panel.isEmpty()) {
+            form->findChild<QAction *>(panel.section(u' ', 0, 0))->trigger();
+            within = form->findChild<QWidget *>(panel.section(u' ', 1));
+        }
+        QList<QWidget *> visited;
+        QStringList names;
+        for (QWidget *w = QApplication::focusWidget(); w && !visited.contains(w);
+             w = QApplication::focusWidget()) {
+            // At least two full-height sides of a frame around the control, or its current entry.
+            const int height = qobject_cast<QListWidget *>(w) ? 24 : w->height();
+            QVERIFY2(framePixels(w) >= 4 * (height - 6), qPrintable(w->objectName()));
+            QVERIFY(contrast(Theme::kFocusFrame, background(w)) >= 3.0);
+            visited.append(w);
+            names.append(w->objectName());
+            QTest::keyClick(w, Qt::Key_Tab);
+            if (QApplication::focusWidget() != w)
+                QCOMPARE(framePixels(w), 0);
+        }
+        QCOMPARE(names.join(u' '), round);
+        // Each stop lies after the one before in reading order (lower down, or in the same row
+        // further right), except once round the ring, where the last leads back to the first.
+        int backwards = 0;
+        for (qsizetype i = 0; i < visited.size() && visited.size() > 1; ++i) {
+            QWidget *from = visited.at(i);
+            QWidget *to = visited.at((i + 1) % visited.size());
+            const QRect a(from->mapTo(form, QPoint()), from->size());
+            const QRect b(to->mapTo(form, QPoint()), to->size());
+            const bool sameRow = b.top() < a.bottom() && a.top() < b.bottom();
+            backwards += sameRow ? b.left() < a.right() : b.top() < a.bottom() - 4;
+        }
+        QCOMPARE(backwards, visited.size() > 1 ? 1 : 0);
+        QList<QWidget *> read;
+        readable(QAccessible::queryAccessibleInterface(within), read);
+        std::sort(visited.begin(), visited.end(),
+                  [&read](QWidget *a, QWidget *b) { return read.indexOf(a) < read.indexOf(b); });
+        QCOMPARE(read, visited);
+    }
+
+    // Every text on every screen a pupil needs to read has a contrast of at least 4.5:1: notes
+    // and hints, switched-off buttons, the options and verdicts of solved test questions, the
+    // colours inside the pictures.
+    void textContrast_data() {
+        QTest::addColumn<int>("screen");
+        for (ScreenId id :
+             {ScreenId::Start, ScreenId::ControlCentre, ScreenId::Page1, ScreenId::Page8,
+              ScreenId::FinalTest, ScreenId::EndPage, ScreenId::WorkingMethod, ScreenId::Author,
+              ScreenId::Requirements, ScreenId::GradeScale, ScreenId::DisplayMode})
+            QTest::addRow("%s", qPrintable(formName(id))) << int(id);
+    }
+    void textContrast() {
+        QFETCH(int, screen);
+        Form *form = open(ScreenId(screen));
+        QVERIFY(form);
+        if (auto *page = qobject_cast<LessonPage *>(form)) {
+            // Question 1 right (C on pages 1 and 8), then a hasty wrong answer to question 2:
+            // the verdict, the pace note, switched-off buttons; the hint.
+            if (page->info().firstPage)
+                QTest::keyClick(page->retryButton, Qt::Key_Return);
+            QTest::keyClicks(page->answerEdit, u"c"_s);
+            QTest::keyClick(page->nextQuestionButton, Qt::Key_Return);
+            QTest::keyClicks(page->answerEdit, page->info().firstPage ? u"a"_s : u"b"_s);
+            QVERIFY(!page->paceNote->isHidden() && !page->nextPageButton->isEnabled());
+            if (page->explanationTimer)
+                fireTimer(page->explanationTimer);
+            page->overviewEntry->trigger(); // the panels' texts too
+            page->openExitFrame();
+        } else if (auto *test = qobject_cast<FinalTestPage *>(form)) {
+            // The whole test, graded: the solved questions, the grade and the print button.
+            clickOptions(test, kWrongThenRight);
+            QTest::mouseClick(test->gradeButton, Qt::LeftButton);
+            QVERIFY(!test->questionFrames[9]->isEnabled() && test->gradeLabel->isVisible());
+        } else if (auto *scale = qobject_cast<GradeScaleScreen *>(form)) {
+            QTest::mouseClick(scale->changeScaleButton, Qt::LeftButton);
+            QTest::keyClicks(scale->thresholdEdits[0], u"x"_s);
+            QTest::keyClicks(scale->thresholdEdits[1], u" "_s);
+            QVERIFY(scale->hintLabels[0]->isVisible() && scale->hintLabels[1]->isVisible());
+        }
+        static const QRegularExpression colour(u"color:\\s*(#[0-9a-fA-F]{6})"_s);
+        int texts = 0;
+        for (QWidget *w : form->findChildren<QWidget *>()) {
+            if (!w->isVisible())
+                continue;
+            QString shown;
+            QList<QColor> colours{w->palette().color(
+                w->isEnabled() ? QPalette::Active : QPalette::Disabled, w->foregroundRole())};
+            if (auto *label = qobject_cast<QLabel *>(w))
+                shown = label->text();
+            else if (auto *button = qobject_cast<QAbstractButton *>(w))
+                shown = button->text();
+            else if (auto *field = qobject_cast<QLineEdit *>(w))
+                shown = field->text();
+            else if (auto *frame = qobject_cast<QGroupBox *>(w))
+                shown = frame->title();
+            else if (auto *rich = qobject_cast<RichTextView *>(w)) {
+                shown = rich->html();
+                for (auto it = colour.globalMatch(shown); it.hasNext();)
+                    colours << QColor(it.next().captured(1));
+            }
+            if (shown.trimmed().isEmpty())
+                continue;
+            ++texts;
+            for (const QColor &c : colours) {
+                const double ratio = contrast(c, background(w));
+                QVERIFY2(ratio >= 4.5, qPrintable(u"%1 \"%2\": %3 on %4 is %5:1"_s.arg(
+                                           w->objectName(), shown.left(40), c.name(),
+                                           background(w).name(), QString::number(ratio, 'f', 2))));
+            }
+        }
+        QVERIFY(texts > 0);
+    }
+
+    // The test from the keyboard: the arrow keys move between the options without choosing one
+    // (every choice is counted), Space chooses, and after the right one the next question takes
+    // the focus.
+    void finalTestByKeyboard() {
+        auto *page = static_cast<FinalTestPage *>(open(ScreenId::FinalTest));
+        QVERIFY(page);
+        QCOMPARE(QApplication::focusWidget(), page->optionButtons[0]);
+        const std::pair<const char16_t *, std::size_t> moves[] = {
+            {u"Up", 3}, {u"Down", 0}, {u"Right", 1}, {u"Down", 2}, {u"Space Left Left", 0}};
+        for (const auto &[keys, to] : moves) {
+            QVERIFY(press(QString::fromUtf16(keys)));
+            QCOMPARE(QApplication::focusWidget(), page->optionButtons[to]);
+        }
+        QCOMPARE(course.testAnsweredCount, 1);
+        QVERIFY(page->verdictLabels[2]->isVisible() && page->verdictLabels[1]->isHidden());
+        QTest::keyClick(page->optionButtons[0], Qt::Key_Space);
+        QCOMPARE(QApplication::focusWidget(), page->optionButtons[4]);
+    }
+};
+
+QTEST_MAIN(TestKeyboard)
+#include "test_keyboard.moc"

@@ -1,0 +1,472 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The ten lesson pages as a pupil works them: every letter of every question, typing and trying
+// again, the pace note, menu switches, overview, exit frame, picture texts, the run to the end.
+#include "captionlabel.h"
+#include "course.h"
+#include "lessonpage.h"
+#include "picture.h"
+#include "screens.h"
+#include "testsupport.h"
+#include "theme.h"
+
+#include <QAction>
+#include <QGroupBox>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTest>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The scoring letters of each page's five questions.
+// clang-format off
+const char *const kScoring[10][5] = {
+    {"C", "B", "A", "A", "A"}, {"C", "C", "B", "A", "A"}, {"B", "B", "A", "C", "C"},
+    {"C", "A", "C", "A", "B"}, {"BC", "C", "A", "C", "C"}, {"A", "B", "B", "C", "C"},
+    {"C", "A", "B", "A", "B"}, {"C", "A", "BC", "B", "B"}, {"A", "C", "B", "B", "C"},
+    {"BC", "B", "A", "A", "C"}};
+// clang-format on
+
+// Opens a page at 10:00:00 on the test clock.
+LessonPage *openPage(TestProgramme &prog, int page) {
+    prog.setTime(10 * 3600);
+    return Screens::show<LessonPage>(pageScreen(page));
+}
+
+// Types the letter as a pupil does, after a pause long enough not to be thought hasty.
+void type(TestProgramme &prog, LessonPage *page, const QString &letter) {
+    prog.advance(10);
+    QTest::keyClicks(page->answerEdit, letter);
+}
+
+QString rightLetter(int page, int question) {
+    return QString(QLatin1Char(kScoring[page - 1][question - 1][0]));
+}
+
+// Answers the questions before `question` right and moves on with the next-question button.
+void goToQuestion(TestProgramme &prog, LessonPage *page, int question) {
+    for (int q = 1; q < question; ++q) {
+        type(prog, page, rightLetter(page->info().number, q));
+        QTest::mouseClick(page->nextQuestionButton, Qt::LeftButton);
+    }
+}
+
+template <class Pictures> QList<int> visible(const Pictures &pictures) {
+    QList<int> shown;
+    for (int i = 0; i < int(pictures.size()); ++i)
+        if (!pictures[i]->isHidden())
+            shown.append(i);
+    return shown;
+}
+
+// The verdict a feedback picture opens with; "Unvollständig und deshalb falsch!" counts as
+// "Falsch!".
+QString verdict(const QString &text) {
+    if (text.startsWith(u"Richtig!"))
+        return u"Richtig!"_s;
+    if (text.startsWith(u"Falsch!") || text.startsWith(u"Unvollständig und deshalb falsch!"))
+        return u"Falsch!"_s;
+    return {};
+}
+
+bool lightGreyAndEnabled(const QPushButton *b) {
+    return b->isEnabled() && b->palette().color(QPalette::Button) == QColor(224, 224, 224);
+}
+
+} // namespace
+
+class TestLessonPages : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase() {
+        registerLessonPages();
+        registerProbes(
+            {{ScreenId::ControlCentre, u"Steuerzentrum"_s}, {ScreenId::FinalTest, u"Qel11"_s}});
+    }
+
+    void letters_data() {
+        QTest::addColumn<int>("page");
+        QTest::addColumn<int>("question");
+        QTest::addColumn<QChar>("letter");
+        for (int page = 1; page <= 10; ++page)
+            for (int q = 1; q <= 5; ++q)
+                for (char l : {'A', 'B', 'C'})
+                    QTest::addRow("page %d question %d %c", page, q, l)
+                        << page << q << QChar(QLatin1Char(l));
+    }
+
+    // Every letter of every question: the verdict of the picture shown, the point, the step buttons
+    // and the focus, the points display, where a click into the answer field then sends the focus,
+    // and where "Nächste Frage" leads.
+    void letters() {
+        QFETCH(int, page);
+        QFETCH(int, question);
+        QFETCH(QChar, letter);
+        const bool scores =
+            QByteArray(kScoring[page - 1][question - 1]).contains(letter.toLatin1());
+        // Two scoring answers show an explanation without a verdict line: 21 B and 46 C.
+        const bool noVerdict = (page == 5 && question == 1 && letter == u'B') ||
+                               (page == 10 && question == 1 && letter == u'C');
+
+        TestProgramme prog;
+        LessonPage *p = openPage(prog, page);
+        goToQuestion(prog, p, question);
+        QCOMPARE(visible(p->questionPictures), QList<int>{question - 1});
+        QCOMPARE(visible(p->optionPictures), QList<int>{question - 1});
+
+        type(prog, p, letter.toLower());
+
+        QCOMPARE(p->answerEdit->text(), QString(letter));
+        const QList<int> shown = visible(p->feedbackPictures);
+        QCOMPARE(shown.size(), 1);
+        const QString text = p->feedbackPictures.at(shown[0])->plainText();
+        QVERIFY2(verdict(text) == (!scores     ? u"Falsch!"_s
+                                   : noVerdict ? QString()
+                                               : u"Richtig!"_s),
+                 qPrintable(text));
+        QCOMPARE(p->pointsLabel->text(), u" %1 von %2"_s.arg(question - 1 + scores).arg(question));
+        QCOMPARE(p->nextQuestionButton->isEnabled(), scores);
+        QCOMPARE(p->retryButton->isEnabled(), !scores);
+        QCOMPARE(p->focusWidget(), scores ? p->nextQuestionButton : p->retryButton);
+        QCOMPARE(int(course.answerCorrectFlag), !scores ? 0 : page == 6 && question == 4 ? 10 : 1);
+
+        // A click into the answer field sends the focus to the button of the verdict, a right
+        // click does not. Page 8's scoring C of question 38 sends it to "try again", which is off:
+        // it stays in the field.
+        QWidget *expected = !scores ? p->retryButton : p->nextQuestionButton;
+        if (page == 8 && question == 3 && letter == u'C')
+            expected = p->answerEdit;
+        p->answerEdit->setFocus();
+        QTest::mouseClick(p->answerEdit, Qt::RightButton);
+        QCOMPARE(p->focusWidget(), p->answerEdit);
+        QTest::mouseClick(p->answerEdit, Qt::LeftButton);
+        QCOMPARE(p->focusWidget(), expected);
+
+        // Only page 1 withdraws the button explanation, with a right answer to question 2. After
+        // a right answer "Nächste Frage" leads on, after question 5 to the next page.
+        const bool withdrawn = page == 1 && (question > 2 || (question == 2 && scores));
+        QCOMPARE(p->explanationPicture->isHidden(), withdrawn);
+        QCOMPARE(p->explanationEntry->isChecked(), !withdrawn);
+        if (!scores)
+            return;
+        QTest::mouseClick(p->nextQuestionButton, Qt::LeftButton);
+        const ScreenId next = pageScreen(question == 5 ? page + 1 : page);
+        QVERIFY(Screens::loaded(next) && Screens::activeScreen() == Screens::loaded(next));
+        QCOMPARE(Screens::loaded(pageScreen(page)) == nullptr, question == 5);
+    }
+
+    void pageRules_data() {
+        QTest::addColumn<int>("page");
+        QTest::addColumn<bool>("restart");     // "von vorn beginnen", else "hier weiterarbeiten"
+        QTest::addColumn<bool>("writable");    // else the programme folder has gone
+        QTest::addColumn<QByteArray>("saved"); // StartQelB.txt then
+        for (int page = 1; page <= 8; ++page) {
+            QTest::addRow("page %d", page)
+                << page << false << true
+                << (page == 1 ? QByteArray("\"1\"\r\n1\r\n2\r\n")
+                              : "\"" + QByteArray::number(page) + "\"\r\n");
+        }
+        QTest::addRow("page 9, folder gone") << 9 << false << false << QByteArray();
+        QTest::addRow("page 10, von vorn beginnen")
+            << 10 << true << true << QByteArray("\"50\"\r\n");
+    }
+
+    // What a page shows at first and what differs between pages: "<<", counts at load, texts,
+    // the hide loops of "try again" and "next question", and what the exit frame saves after one
+    // wrong and one right answer.
+    void pageRules() {
+        QFETCH(int, page);
+        QFETCH(bool, restart);
+        QFETCH(bool, writable);
+        QFETCH(QByteArray, saved);
+        const bool first = page == 1;
+
+        TestProgramme prog;
+        // "<<" opens the previous screen and unloads the page (">>" the end-to-end test).
+        QTest::mouseClick(openPage(prog, page)->previousPageButton, Qt::LeftButton);
+        QVERIFY(Screens::loaded(first ? ScreenId::ControlCentre : pageScreen(page - 1)) &&
+                !Screens::loaded(pageScreen(page)));
+        settle();
+
+        course.correctCount = 7;
+        course.answeredCount = 9;
+        LessonPage *p = openPage(prog, page);
+        QCOMPARE(p->pointsLabel->text(), first ? u" 0 von 0"_s : u" 7 von 9"_s);
+        QVERIFY(p->paceNote->isHidden() && !p->paceTimer->isActive() && p->exitFrame->isHidden());
+        QCOMPARE(p->optionsHeading->text(), u"Auswahl-\nAntworten:"_s);
+        QCOMPARE(p->paceNote->text(),
+                 u"Hinweis:\nDamit du dir bei diesem Lernprogramm viel merken kannst, ist es "
+                 u"notwendig, dass  du dir die Fragen gründlich durchliest, bevor du sie "
+                 u"beantwortest.\n\nDu arbeitest also zu hastig!"_s);
+        for (QPushButton *button : {p->nextQuestionButton, p->retryButton, p->endButton}) {
+            QVERIFY(!button->icon().isNull());
+            QCOMPARE(button->toolTip(), button->accessibleName());
+        }
+        // A click into the empty answer field leaves the focus there.
+        p->answerEdit->setFocus();
+        QTest::mouseClick(p->answerEdit, Qt::LeftButton);
+        QCOMPARE(p->focusWidget(), p->answerEdit);
+
+        // Page 1 alone introduces the control buttons with two timers and a hint label.
+        QCOMPARE(p->explanationHint != nullptr, first);
+        if (first)
+            QCOMPARE(p->explanationHint->text(), u"Erklärung der Buttons ein- und ausschalten: "
+                                                 u"Menü: Ansicht / Erklärung Steuerbuttons"_s);
+
+        // Five numbered questions with three options, the last two pictures for bad input, a
+        // closing line for every wrong answer, and the button line on pages 1 and 2 only.
+        const QRegularExpression options(u"^(.+ )?A\\) .+ B\\) .+ C\\) .+$"_s);
+        for (int q = 0; q < 5; ++q) {
+            QVERIFY(
+                p->questionPictures[q]->plainText().startsWith(u"%1. "_s.arg(page * 5 - 4 + q)));
+            QVERIFY(options.match(p->optionPictures[q]->plainText()).hasMatch());
+        }
+        const QString closing = page <= 2 ? u"Antworte noch einmal. (Schaltknopf "
+                                            u"„Aufgabe wiederholen“ )"_s
+                                          : u"Antworte noch einmal."_s;
+        const int inputErrors = int(p->feedbackPictures.size()) - 2;
+        QCOMPARE(p->feedbackPictures.at(inputErrors)->plainText(),
+                 u"Du hast vergessen, etwas einzugeben. "_s + closing);
+        QCOMPARE(p->feedbackPictures.at(inputErrors + 1)->plainText(),
+                 u"Falsch! Du darfst nur mit A, B oder C (oder a, b oder c) antworten. "_s +
+                     closing);
+
+        // Every picture an answer shows: "Richtig!" pictures never ask again, "Falsch!" pictures do
+        // (bar page 2's question 10), and only pages 1 and 2 name the repeat button.
+        for (int i = 0; i < inputErrors; ++i) {
+            const QString text = p->feedbackPictures.at(i)->plainText();
+            QVERIFY2(!text.isEmpty(), qPrintable(QString::number(i)));
+            if (text.startsWith(u"Richtig!"))
+                QVERIFY2(!text.contains(u"Antworte noch einmal."), qPrintable(text));
+            if (text.startsWith(u"Falsch!") && !(page == 2 && i >= 13))
+                QVERIFY2(text.endsWith(closing), qPrintable(text));
+            QCOMPARE(text.contains(u"Schaltknopf"),
+                     page <= 2 && text.contains(u"Antworte noch einmal."));
+        }
+
+        // With every picture up to the highest index shown, "try again" and "next question" hide
+        // all.
+        const QString right = rightLetter(page, 1);
+        type(prog, p, right == u"A" ? u"B"_s : u"A"_s);
+        for (Picture *picture : p->feedbackPictures)
+            picture->show();
+        QTest::mouseClick(p->retryButton, Qt::LeftButton);
+        QCOMPARE(visible(p->feedbackPictures), QList<int>());
+        type(prog, p, right);
+        for (Picture *picture : p->feedbackPictures)
+            picture->show();
+        QTest::mouseClick(p->nextQuestionButton, Qt::LeftButton);
+        QCOMPARE(visible(p->feedbackPictures), QList<int>());
+
+        // "Ich möchte nicht beenden" closes the exit frame and its cover without saving; the
+        // other two save and end the programme, without a word where the file cannot be written.
+        QTest::mouseClick(p->endButton, Qt::LeftButton);
+        QVERIFY(!p->exitFrame->isHidden() && !p->exitCover->isHidden());
+        QTest::mouseClick(p->stayButton, Qt::LeftButton);
+        QVERIFY(p->exitFrame->isHidden() && p->exitCover->isHidden() &&
+                prog.read(u"StartQelB.txt"_s).isNull());
+        if (!writable)
+            course.startFilePath = prog.path(u"gone/StartQelB.txt"_s);
+        QTest::mouseClick(p->endButton, Qt::LeftButton);
+        QTest::mouseClick(restart ? p->restartButton : p->resumeButton, Qt::LeftButton);
+        QVERIFY(Screens::programmeEnded() && !Screens::anyLoaded());
+        QCOMPARE(prog.read(u"StartQelB.txt"_s), saved);
+    }
+
+    void typing_data() {
+        QTest::addColumn<int>("question");
+        QTest::addColumn<double>("pause");  // seconds before each try
+        QTest::addColumn<QString>("typed"); // "!" stands for the try-again button
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QList<int>>("pictures");
+        QTest::addColumn<QString>("points");
+        QTest::addColumn<bool>("again"); // try-again button on
+        QTest::addColumn<bool>("note");  // the pace note shows
+        const auto row = [](const char *name, int question, double pause, const char *typed,
+                            const char *field, const QList<int> &pictures, const char *points,
+                            bool again, bool note) {
+            QTest::newRow(name) << question << pause << QString::fromLatin1(typed)
+                                << QString::fromLatin1(field) << pictures
+                                << QString::fromLatin1(points) << again << note;
+        };
+        row("a blank", 1, 10, " ", "", {}, " 0 von 0", false, false);
+        row("a letter other than A, B, C first", 1, 10, "xc", "C", {2}, " 1 von 1", false, false);
+        row("letters over a verdict", 1, 10, "abc", "C", {0}, " 0 von 1", true, false);
+        row("trying again", 1, 1, "a!b!c", "C", {2}, " 1 von 3", false, true);
+        row("question 1 at 8.9 s", 1, 8.9, "b", "B", {1}, " 0 von 1", true, true);
+        row("question 1 at 9 s", 1, 9, "b", "B", {1}, " 0 von 1", true, false);
+        row("question 2 at 4.9 s", 2, 4.9, "b", "B", {4}, " 2 von 2", false, true);
+        row("question 2 at 5 s", 2, 5, "b", "B", {4}, " 2 von 2", false, false);
+    }
+
+    // Typing into page 1, with and without trying again. A verdict sooner than 9 seconds into the
+    // first question or 5 into a later one shows the pace note and locks the page buttons until
+    // Timer1 ticks; Timer1 keeps running afterwards. A new try does not restart the clock.
+    void typing() {
+        QFETCH(int, question);
+        QFETCH(double, pause);
+        QFETCH(QString, typed);
+        QFETCH(QString, field);
+        QFETCH(QList<int>, pictures);
+        QFETCH(QString, points);
+        QFETCH(bool, again);
+        QFETCH(bool, note);
+        TestProgramme prog;
+        LessonPage *page = openPage(prog, 1);
+        goToQuestion(prog, page, question);
+        const QStringList tries = typed.split(u'!');
+        for (qsizetype i = 0; i < tries.size(); ++i) {
+            if (i > 0)
+                QTest::mouseClick(page->retryButton, Qt::LeftButton);
+            prog.advance(pause);
+            QTest::keyClicks(page->answerEdit, tries[i]);
+        }
+        QCOMPARE(page->answerEdit->text(), field);
+        QCOMPARE(visible(page->feedbackPictures), pictures);
+        QCOMPARE(page->pointsLabel->text(), points);
+        QCOMPARE(lightGreyAndEnabled(page->retryButton), again);
+        QCOMPARE(course.questionStartTime, 36000 + 10 * (question - 1));
+        QCOMPARE(!page->paceNote->isHidden(), note);
+        QCOMPARE(page->paceTimer->isActive(), note);
+        for (QPushButton *button :
+             {page->previousPageButton, page->nextPageButton, page->endButton})
+            QCOMPARE(button->isEnabled(), !note);
+        if (!note)
+            return;
+        QCOMPARE(page->endButton->palette().color(QPalette::Button), Theme::buttonFace());
+        fireTimer(page->paceTimer);
+        QVERIFY(page->paceNote->isHidden() && page->paceTimer->isActive());
+        QVERIFY(page->previousPageButton->isEnabled() && page->nextPageButton->isEnabled());
+        QVERIFY(lightGreyAndEnabled(page->endButton));
+    }
+
+    // The button explanation: shown at first, withdrawn by its timer with a hint until the next
+    // timer, switched by its menu entry (never together with the hint; a right answer to question
+    // 2 withdraws it for good, see letters). The points are switched by theirs.
+    void menuSwitches() {
+        TestProgramme prog;
+        LessonPage *page = openPage(prog, 1);
+        QVERIFY(page->explanationTimer->isActive() && !page->explanationPicture->isHidden());
+        fireTimer(page->explanationTimer);
+        QVERIFY(page->explanationPicture->isHidden() && !page->explanationEntry->isChecked());
+        QVERIFY(!page->explanationHint->isHidden() && page->hintTimer->isActive());
+        QVERIFY(!page->explanationTimer->isActive());
+
+        page->explanationEntry->trigger();
+        QVERIFY(!page->explanationPicture->isHidden() && page->explanationEntry->isChecked());
+        QVERIFY(page->explanationHint->isHidden());
+        page->explanationEntry->trigger();
+        QVERIFY(page->explanationPicture->isHidden() && !page->explanationEntry->isChecked());
+        fireTimer(page->hintTimer);
+        QVERIFY(page->explanationHint->isHidden() && !page->hintTimer->isActive());
+
+        page->pointsEntry->trigger();
+        QVERIFY(page->pointsHeading->isHidden() && page->pointsLabel->isHidden());
+        QVERIFY(!page->pointsEntry->isChecked());
+        goToQuestion(prog, page, 3);
+        page->pointsEntry->trigger();
+        QVERIFY(!page->pointsHeading->isHidden() && !page->pointsLabel->isHidden());
+        QVERIFY(page->pointsEntry->isChecked());
+        QCOMPARE(page->pointsLabel->text(), u" 2 von 2"_s);
+    }
+
+    void overview_data() {
+        QTest::addColumn<int>("line");
+        QTest::addColumn<int>("opened");
+        QTest::addRow("page 2") << 1 << int(ScreenId::Page2);
+        QTest::addRow("page 11") << 10 << int(ScreenId::FinalTest);
+    }
+
+    // A line of the overview unloads the page and opens the chosen one; "Schließen" only closes.
+    void overview() {
+        QFETCH(int, line);
+        QFETCH(int, opened);
+        TestProgramme prog;
+        QPointer<LessonPage> page = openPage(prog, 1);
+        page->overviewEntry->trigger();
+        QTest::mouseClick(page->overviewCloseButton, Qt::LeftButton);
+        QVERIFY(page->overviewFrame->isHidden() && page->overviewBorder->isHidden());
+        page->overviewEntry->trigger();
+        QVERIFY(!page->overviewFrame->isHidden() && !page->overviewBorder->isHidden());
+        QTest::mouseClick(page->overviewLines[line], Qt::LeftButton);
+        settle();
+        QVERIFY(page.isNull() && !Screens::programmeEnded());
+        QCOMPARE(Screens::activeScreen(), Screens::loaded(ScreenId(opened)));
+    }
+
+    void pictures_data() {
+        QTest::addColumn<int>("page");
+        QTest::addColumn<QString>("picture"); // Image1_<question>, Image2_<question>, Image3_<n>
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("markup");      // a piece of the picture's rich text, or empty
+        QTest::addColumn<QString>("description"); // the opening of a drawing's description
+        const auto row = [](const char *name, int page, const char *picture, const char16_t *text,
+                            const char *markup, const char16_t *description = u"") {
+            QTest::newRow(name) << page << QString::fromLatin1(picture) << QString::fromUtf16(text)
+                                << QString::fromUtf8(markup) << QString::fromUtf16(description);
+        };
+        row("question 3 A names the repeat button", 1, "Image3_6",
+            u"Falsch! Antworte noch einmal. (Schaltknopf „Aufgabe wiederholen“ )",
+            ":/button-repeat.svg");
+        row("Sperrichtung, in green", 8, "Image3_2",
+            u"Richtig! Die Halbleiterdiode ist in Sperrichtung gepolt und lässt deshalb keinen "
+            u"Strom fließen.",
+            "color:#0a6e1e");
+        row("question 42 subscripts", 9, "Image1_1",
+            u"42. Vergleiche bei einem Transistor den Basisstrom IB mit dem Kollektorstrom IC.",
+            "I<sub>B</sub>");
+        row("question 42 comparison signs", 9, "Image2_1", u"A) IB > IC B) IB = IC C) IB < IC",
+            "I<sub>C</sub>");
+        row("question 47 gain factor", 10, "Image1_1",
+            u"47. Wie berechnet man den Stromverstärkungsfaktor β eines Transistors?", "<i>β</i>");
+        row("question 50 with its lead-in", 10, "Image2_4",
+            u"Sie arbeiten als A) als Verstärker B) als Gleichrichter C) als Schalter", "");
+        row("drawing: diode in a circuit", 8, "Image1_0",
+            u"36. Fließt Strom durch die abgebildete Halbleiterdiode?", "", u"Schaltplan:");
+        row("drawing: two lamps", 8, "Image1_3", u"39. Welche Lampe leuchtet?", "", u"Schaltplan:");
+        row("drawing: transistor symbol", 9, "Image1_0", u"41. Was zeigt das Bild?", "",
+            u"Schaltzeichen in einem Kreis:");
+    }
+
+    // Single pictures as the page shows them and a screen reader reads them: what the page adds
+    // to the question bank's texts, and its markup. A drawn question is read with the description
+    // of its drawing, and the drawing is painted on the page at a readable size.
+    void pictures() {
+        QFETCH(int, page);
+        QFETCH(QString, picture);
+        QFETCH(QString, text);
+        QFETCH(QString, markup);
+        QFETCH(QString, description);
+        TestProgramme prog;
+        LessonPage *p = openPage(prog, page);
+        const Picture *shown = p->findChild<Picture *>(picture);
+        QVERIFY(shown);
+        QCOMPARE(shown->plainText(), text);
+        const QString read = description.isEmpty() ? text : text + u' ' + description;
+        QCOMPARE(shown->accessibleName().left(description.isEmpty() ? -1 : read.size()), read);
+        QVERIFY2(shown->html().contains(markup), qPrintable(shown->html()));
+        if (description.isEmpty())
+            return;
+        goToQuestion(prog, p, picture.mid(7).toInt() + 1);
+        p->show();
+        QVERIFY(QTest::qWaitForWindowExposed(p));
+        auto *view = shown->findChild<SvgView *>();
+        QVERIFY(view);
+        QVERIFY(view->height() >= 72 && view->height() <= 110);
+        QVERIFY(p->height() <= 600);
+        const QImage image = view->grab().toImage();
+        int dark = 0;
+        for (int i = 0; i < image.width() * image.height(); ++i)
+            dark += qGray(image.pixel(i % image.width(), i / image.width())) < 96 ? 1 : 0;
+        QVERIFY2(dark > 400, qPrintable(QString::number(dark)));
+    }
+};
+
+QTEST_MAIN(TestLessonPages)
+#include "test_lessonpages.moc"
