@@ -27,8 +27,37 @@ QString captionOnScreen(const QString &caption, const BlankRuns &rule) {
     return shown;
 }
 
+WrappingLabel::WrappingLabel(const QString &text, QWidget *parent)
+    : QLabel(text, parent) {}
+
+int WrappingLabel::heightForWidth(int width) const {
+    // What else decides the height: the font, the margins.
+    const QMargins m = contentsMargins();
+    const QString fontKey = font().key() + QStringLiteral("/%1/%2/%3/%4/%5/%6")
+                                               .arg(margin())
+                                               .arg(indent())
+                                               .arg(m.left())
+                                               .arg(m.top())
+                                               .arg(m.right())
+                                               .arg(m.bottom());
+    if (text() != measuredText_ || fontKey != measuredFont_) {
+        measuredText_ = text();
+        measuredFont_ = fontKey;
+        heights_.clear();
+    }
+    const auto known = heights_.constFind(width);
+    if (known != heights_.constEnd())
+        return *known;
+    const int height = QLabel::heightForWidth(width);
+    // A window dragged through many sizes asks for many widths; only the last ones matter.
+    if (heights_.size() >= 64)
+        heights_.clear();
+    heights_.insert(width, height);
+    return height;
+}
+
 CaptionLabel::CaptionLabel(const QString &caption, const BlankRuns &rule, QWidget *parent)
-    : QLabel(parent)
+    : WrappingLabel({}, parent)
     , rule_(rule) {
     setCaption(caption);
 }

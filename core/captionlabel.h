@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QHash>
 #include <QLabel>
 
 // In the programme's captions, runs of blanks stand for line breaks: the captions were written
@@ -17,9 +18,24 @@ struct BlankRuns {
 
 QString captionOnScreen(const QString &caption, const BlankRuns &rule);
 
+// A label that remembers the height its text needs at each width. Layouts ask again each time a
+// control near it appears or goes, and a word-wrapped label would lay its text out anew each
+// time: when a verdict appears, the pupil would wait for that.
+class WrappingLabel : public QLabel {
+    Q_OBJECT
+public:
+    explicit WrappingLabel(const QString &text = {}, QWidget *parent = nullptr);
+    int heightForWidth(int width) const override;
+
+private:
+    mutable QString measuredText_;
+    mutable QString measuredFont_;
+    mutable QHash<int, int> heights_;
+};
+
 // A label that keeps its caption exactly as the programme has it and shows it by its blank-run
 // rule. A screen reader reads the caption with every run of blanks as one blank.
-class CaptionLabel : public QLabel {
+class CaptionLabel : public WrappingLabel {
     Q_OBJECT
 public:
     CaptionLabel(const QString &caption, const BlankRuns &rule, QWidget *parent = nullptr);

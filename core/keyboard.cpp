@@ -110,30 +110,52 @@ void collectTabStops(QWidget *parent, QList<QWidget *> &stops) {
 
 } // namespace
 
+namespace {
+
+QWidget *contentsOf(QWidget *window) {
+    if (auto *main = qobject_cast<QMainWindow *>(window))
+        return main->centralWidget();
+    return window;
+}
+
+QList<QWidget *> tabStops(QWidget *contents) {
+    QList<QWidget *> stops;
+    collectTabStops(contents, stops);
+    return stops;
+}
+
+void focusFirst(QWidget *window, const QList<QWidget *> &stops) {
+    for (QWidget *w : stops) {
+        if (w->isEnabled() && w->isVisibleTo(window)) {
+            w->setFocus(Qt::OtherFocusReason);
+            return;
+        }
+    }
+}
+
+} // namespace
+
 void followReadingOrder(QWidget *window) {
-    QWidget *contents = window;
     if (auto *main = qobject_cast<QMainWindow *>(window)) {
-        contents = main->centralWidget();
         if (QWidget *menu = main->menuWidget())
             menu->lower();
     }
+    QWidget *contents = contentsOf(window);
     if (!contents)
         return;
     orderChildren(contents);
-    QList<QWidget *> stops;
-    collectTabStops(contents, stops);
+    const QList<QWidget *> stops = tabStops(contents);
     for (qsizetype i = 1; i < stops.size(); ++i)
         QWidget::setTabOrder(stops.at(i - 1), stops.at(i));
     // The chain of stops is a ring; where a window starts in it is its first control in reading
     // order that can take the focus.
-    if (!window->focusWidget()) {
-        for (QWidget *w : stops) {
-            if (w->isEnabled() && w->isVisibleTo(window)) {
-                w->setFocus(Qt::OtherFocusReason);
-                break;
-            }
-        }
-    }
+    if (!window->focusWidget())
+        focusFirst(window, stops);
+}
+
+void focusFirstControl(QWidget *window) {
+    if (QWidget *contents = contentsOf(window))
+        focusFirst(window, tabStops(contents));
 }
 
 } // namespace Keyboard

@@ -13,4 +13,8 @@ namespace Keyboard {
 // panels that float over a page) come after the others, in the order they were made.
 void followReadingOrder(QWidget *window);
 
+// Gives the focus to the window's first control in reading order that can take it. A screen that
+// comes into the window of the pages starts here, as a new window would.
+void focusFirstControl(QWidget *window);
+
 } // namespace Keyboard

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "screens.h"
 
+#include "keyboard.h"
 #include "zoom.h"
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -61,6 +63,16 @@ protected:
             form->close();
     }
 };
+
+// Screen readers read the window of the pages as the programme's window, under the caption of the
+// screen shown in it; that screen is no window of its own but the window's contents.
+QAccessibleInterface *accessibleWindowOfPages(const QString &, QObject *object) {
+    if (auto *window = dynamic_cast<ScreenWindow *>(object))
+        return new QAccessibleWidget(window, QAccessible::Window);
+    if (auto *form = qobject_cast<Form *>(object); form && replacesScreen(form->screenId()))
+        return new QAccessibleWidget(form, QAccessible::Client);
+    return nullptr;
+}
 
 struct Layer {
     QMap<ScreenId, Screens::Factory> factories;
@@ -137,6 +149,11 @@ ScreenWindow *screenWindow() {
     Layer &l = layer();
     if (l.window)
         return l.window;
+    static const bool accessible = [] {
+        QAccessible::installFactory(accessibleWindowOfPages);
+        return true;
+    }();
+    Q_UNUSED(accessible)
     l.window = new ScreenWindow;
     const QRect usable = usableArea(nullptr, nullptr);
     const int title = titleRoom(nullptr);
@@ -170,15 +187,8 @@ void placeOverPage(Form *form) {
 // A screen shown in the window of the pages takes the keyboard focus where a new window would
 // give it: on its first control, unless its own handlers have chosen one.
 void focusFirstControl(Form *form) {
-    if (form->focusWidget())
-        return;
-    for (QWidget *w = form->nextInFocusChain(); w != form && form->isAncestorOf(w);
-         w = w->nextInFocusChain()) {
-        if ((w->focusPolicy() & Qt::TabFocus) && w->isEnabled() && w->isVisibleTo(form)) {
-            w->setFocus(Qt::ActiveWindowFocusReason);
-            return;
-        }
-    }
+    if (!form->focusWidget())
+        Keyboard::focusFirstControl(form);
 }
 
 // Builds a screen at the zoom it will be shown at, as far as that is known now, so that its

@@ -159,7 +159,7 @@ void LessonPage::buildControls() {
     answerEdit->setAlignment(Qt::AlignCenter);
     z.setFont(answerEdit, 2.0, true);
     answerRow->addWidget(answerEdit);
-    instructionLabel = new QLabel(
+    instructionLabel = new WrappingLabel(
         QStringLiteral(" Antworte mit A, B oder C; du kannst auch a, b oder c eingeben."), central);
     // Where a zoomed font needs a little more room than the design gave it, a second line.
     instructionLabel->setWordWrap(true);
