@@ -70,7 +70,8 @@ private:
         painter->setRenderHint(QPainter::Antialiasing, false);
         painter->setBrush(Qt::NoBrush);
         painter->setPen(QPen(Theme::kFocusFrame, width));
-        painter->drawRect(QRectF(rect).adjusted(width / 2.0, width / 2.0, -width / 2.0, -width / 2.0));
+        painter->drawRect(
+            QRectF(rect).adjusted(width / 2.0, width / 2.0, -width / 2.0, -width / 2.0));
         painter->restore();
     }
 };

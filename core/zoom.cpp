@@ -199,7 +199,7 @@ double Zoom::factorOf(const QWidget *w) {
 }
 
 int ZoomingStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
-                          const QWidget *widget) const {
+                              const QWidget *widget) const {
     const int size = QProxyStyle::pixelMetric(metric, option, widget);
     const double factor = Zoom::factorOf(widget);
     if (factor == 1.0 || !follows(metric))
@@ -208,7 +208,7 @@ int ZoomingStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
 }
 
 QSize ZoomingStyle::sizeFromContents(ContentsType type, const QStyleOption *option,
-                                 const QSize &contents, const QWidget *widget) const {
+                                     const QSize &contents, const QWidget *widget) const {
     QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
     const double factor = Zoom::factorOf(widget);
     const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
