@@ -158,4 +158,32 @@ void focusFirstControl(QWidget *window) {
         focusFirst(window, tabStops(contents));
 }
 
+bool moveAmongOptions(QWidget *option, int key) {
+    int step = 0;
+    switch (key) {
+    case Qt::Key_Up:
+    case Qt::Key_Left:
+        step = -1;
+        break;
+    case Qt::Key_Down:
+    case Qt::Key_Right:
+        step = 1;
+        break;
+    default:
+        return false;
+    }
+    QList<QWidget *> options;
+    for (QWidget *w : option->parentWidget()->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
+        if (w->metaObject() == option->metaObject())
+            options.append(w);
+    }
+    const qsizetype here = options.indexOf(option);
+    if (here >= 0 && options.size() > 1) {
+        const qsizetype count = options.size();
+        options.at((here + step + count) % count)
+            ->setFocus(step > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    }
+    return true;
+}
+
 } // namespace Keyboard

@@ -17,4 +17,9 @@ void followReadingOrder(QWidget *window);
 // comes into the window of the pages starts here, as a new window would.
 void focusFirstControl(QWidget *window);
 
+// Option buttons that the arrow keys move between without choosing one (Space chooses): Up and
+// Left go to the previous option among `option`'s siblings of the same kind, Down and Right to the
+// next, round the ends. Returns false for any other key.
+bool moveAmongOptions(QWidget *option, int key);
+
 } // namespace Keyboard

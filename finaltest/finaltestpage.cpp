@@ -5,6 +5,7 @@
 #include "course.h"
 #include "gradescale.h"
 #include "grading.h"
+#include "keyboard.h"
 #include "picture.h"
 #include "printing.h"
 #include "resultlog.h"
@@ -88,31 +89,9 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *e) override {
-        if (e->type() != QEvent::KeyPress)
-            return false;
-        int step = 0;
-        switch (static_cast<QKeyEvent *>(e)->key()) {
-        case Qt::Key_Up:
-        case Qt::Key_Left:
-            step = -1;
-            break;
-        case Qt::Key_Down:
-        case Qt::Key_Right:
-            step = 1;
-            break;
-        default:
-            return false;
-        }
-        auto *option = static_cast<QWidget *>(watched);
-        const QList<QRadioButton *> options =
-            option->parentWidget()->findChildren<QRadioButton *>(Qt::FindDirectChildrenOnly);
-        const qsizetype here = options.indexOf(option);
-        if (here >= 0) {
-            const qsizetype count = options.size();
-            options.at((here + step + count) % count)
-                ->setFocus(step > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-        }
-        return true;
+        return e->type() == QEvent::KeyPress &&
+               Keyboard::moveAmongOptions(static_cast<QWidget *>(watched),
+                                          static_cast<QKeyEvent *>(e)->key());
     }
 };
 

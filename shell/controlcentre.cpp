@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controlcentre.h"
 
+#include "keyboard.h"
 #include "picture.h"
 #include "screens.h"
 #include "theme.h"
@@ -114,27 +115,8 @@ bool TopicOption::hitButton(const QPoint &pos) const {
 }
 
 void TopicOption::keyPressEvent(QKeyEvent *e) {
-    int step = 0;
-    switch (e->key()) {
-    case Qt::Key_Up:
-    case Qt::Key_Left:
-        step = -1;
-        break;
-    case Qt::Key_Down:
-    case Qt::Key_Right:
-        step = 1;
-        break;
-    default:
+    if (!Keyboard::moveAmongOptions(this, e->key()))
         QRadioButton::keyPressEvent(e);
-        return;
-    }
-    const QList<TopicOption *> topics =
-        parentWidget()->findChildren<TopicOption *>(Qt::FindDirectChildrenOnly);
-    const qsizetype here = topics.indexOf(this);
-    if (here < 0 || topics.size() < 2)
-        return;
-    const qsizetype next = (here + step + topics.size()) % topics.size();
-    topics.at(next)->setFocus(step > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
 }
 
 ControlCentre::ControlCentre(QWidget *parent)
