@@ -135,7 +135,8 @@ ControlCentre::ControlCentre(QWidget *parent)
 
     startButton = new QPushButton(QStringLiteral("Lernprogramm-Start"), central);
     z.setFont(startButton, 1.33, true);
-    z.setMinimumSize(startButton, {200, 48});
+    // Room on both sides of the caption, whatever the font.
+    z.setMinimumSize(startButton, {224, 48});
     setBackColour(startButton, Theme::activeButton());
 
     topicFrame = new QGroupBox(QStringLiteral("Kelvora"), central);
