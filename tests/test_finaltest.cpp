@@ -338,12 +338,7 @@ private Q_SLOTS:
         QFETCH(QString, after);
         QFETCH(QByteArray, file);
         FinalTestPage *page = openPage();
-        for (const QString &name : clicks.split(u' ')) {
-            if (auto *entry = page->findChild<QAction *>(name))
-                entry->trigger();
-            else
-                QTest::mouseClick(page->findChild<QPushButton *>(name), Qt::LeftButton);
-        }
+        QVERIFY(work(page, clicks));
         settle();
         QCOMPARE(Screens::programmeEnded() ? u"-"_s : Screens::activeScreen()->objectName(), after);
         QVERIFY(!Screens::loaded(ScreenId::FinalTest));

@@ -19,7 +19,6 @@
 #include "theme.h"
 
 #include <QAccessible>
-#include <QAction>
 #include <QApplication>
 #include <QGroupBox>
 #include <QKeySequence>
@@ -178,7 +177,7 @@ private Q_SLOTS:
     // closes the overview. The arrow keys move between the control centre's topics.
     void keys_data() {
         QTest::addColumn<int>("screen");
-        // Before the keys: a menu entry, a control clicked, or "@control" given the focus.
+        // Before the keys: the steps of work().
         QTest::addColumn<QString>("before");
         QTest::addColumn<QString>("keys");
         QTest::addColumn<QString>("after"); // where()
@@ -222,14 +221,7 @@ private Q_SLOTS:
         QFETCH(QString, focus);
         Form *form = open(ScreenId(screen));
         QVERIFY(form);
-        for (const QString &step : before.split(u' ', Qt::SkipEmptyParts)) {
-            if (auto *entry = form->findChild<QAction *>(step))
-                entry->trigger();
-            else if (step.startsWith(u'@'))
-                form->findChild<QWidget *>(step.mid(1))->setFocus();
-            else
-                QTest::mouseClick(form->findChild<QWidget *>(step), Qt::LeftButton);
-        }
+        QVERIFY(work(form, before));
         QVERIFY(press(keys));
         settle();
         QCOMPARE(where(), after);
@@ -271,7 +263,7 @@ private Q_SLOTS:
         QVERIFY(form);
         QWidget *within = form;
         if (!panel.isEmpty()) {
-            form->findChild<QAction *>(panel.section(u' ', 0, 0))->trigger();
+            QVERIFY(work(form, panel.section(u' ', 0, 0)));
             within = form->findChild<QWidget *>(panel.section(u' ', 1));
         }
         QList<QWidget *> visited;
