@@ -47,7 +47,7 @@ const struct {
     {">>", ScreenId::Page3, "Command4", ScreenId::Page4},
     {"<<", ScreenId::Page3, "Command2", ScreenId::Page2},
     {"page 1 <<", ScreenId::Page1, "Command2", ScreenId::ControlCentre},
-    {"overview line", ScreenId::Page3, "mnuWo Label11_6", ScreenId::Page7},
+    {"overview line", ScreenId::Page3, "mnuWo Label11_10", ScreenId::FinalTest},
     {"final test overview line", ScreenId::FinalTest, "mnuWo Label20_6", ScreenId::Page7},
     {"topic", ScreenId::ControlCentre, "Option1_4", ScreenId::Page5},
     {"Lernprogramm-Start", ScreenId::ControlCentre, "Command2", ScreenId::Page1},
@@ -278,7 +278,8 @@ private Q_SLOTS:
         QVERIFY2(found.isEmpty(), qPrintable(found.join(u"\n"_s)));
     }
 
-    // The end page's question box: centred over the end page, in its page's font.
+    // The end page's question box: a question centred over the end page, in its page's font;
+    // "Nein" leaves the end page as it was (Escape, Enter and "Ja": the end-to-end test).
     void questionOverThePage() {
         TestProgramme programme;
         auto *end = Screens::show<EndPage>(ScreenId::EndPage);
@@ -288,11 +289,13 @@ private Q_SLOTS:
         Seams::setYesNo({});
         QPoint offset(1000, 1000);
         int fontPixels = 0;
+        bool question = false;
         QTimer::singleShot(0, qApp, [&] {
             auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
             if (!box)
                 return;
             offset = box->geometry().center() - end->window()->geometry().center();
+            question = box->icon() == QMessageBox::Question;
             fontPixels = QFontInfo(box->font()).pixelSize();
             box->button(QMessageBox::No)->click();
         });
@@ -301,6 +304,8 @@ private Q_SLOTS:
                  qPrintable(u"%1,%2"_s.arg(offset.x()).arg(offset.y())));
         QCOMPARE(fontPixels, QFontInfo(end->font()).pixelSize());
         QVERIFY(fontPixels > QFontInfo(QApplication::font()).pixelSize());
+        QVERIFY(question && !Screens::programmeEnded());
+        QCOMPARE(Screens::activeScreen(), end);
     }
 
     void fullScreenKey_data() {
