@@ -40,23 +40,23 @@ template <class List> void showOnly(const List &widgets, qsizetype from, qsizety
 // first, which lets the pupil on to the end page and to a new test.
 const struct {
     const char *name;
-    ScreenId from;
     const char *steps;
+    ScreenId from;
     ScreenId to;
 } kChanges[] = {
-    {">>", ScreenId::Page3, "Command4", ScreenId::Page4},
-    {"<<", ScreenId::Page3, "Command2", ScreenId::Page2},
-    {"page 1 <<", ScreenId::Page1, "Command2", ScreenId::ControlCentre},
-    {"overview line", ScreenId::Page3, "mnuWo Label11_10", ScreenId::FinalTest},
-    {"final test overview line", ScreenId::FinalTest, "mnuWo Label20_6", ScreenId::Page7},
-    {"topic", ScreenId::ControlCentre, "Option1_4", ScreenId::Page5},
-    {"Lernprogramm-Start", ScreenId::ControlCentre, "Command2", ScreenId::Page1},
-    {"page 10 >>", ScreenId::Page10, "Command4", ScreenId::FinalTest},
-    {"final test <<", ScreenId::FinalTest, "Command2", ScreenId::Page10},
-    {"Weiter zur Schlussseite", ScreenId::FinalTest, "Command1", ScreenId::EndPage},
-    {"Zurück", ScreenId::EndPage, "Command1", ScreenId::FinalTest},
-    {"Test neu beginnen", ScreenId::FinalTest, "Command4", ScreenId::FinalTest},
-    {"Weiter", ScreenId::Start, "Command1", ScreenId::ControlCentre},
+    {">>", "Command4", ScreenId::Page3, ScreenId::Page4},
+    {"<<", "Command2", ScreenId::Page3, ScreenId::Page2},
+    {"page 1 <<", "Command2", ScreenId::Page1, ScreenId::ControlCentre},
+    {"overview line", "mnuWo Label11_10", ScreenId::Page3, ScreenId::FinalTest},
+    {"final test overview line", "mnuWo Label20_6", ScreenId::FinalTest, ScreenId::Page7},
+    {"topic", "Option1_4", ScreenId::ControlCentre, ScreenId::Page5},
+    {"Lernprogramm-Start", "Command2", ScreenId::ControlCentre, ScreenId::Page1},
+    {"page 10 >>", "Command4", ScreenId::Page10, ScreenId::FinalTest},
+    {"final test <<", "Command2", ScreenId::FinalTest, ScreenId::Page10},
+    {"Weiter zur Schlussseite", "Command1", ScreenId::FinalTest, ScreenId::EndPage},
+    {"Zurück", "Command1", ScreenId::EndPage, ScreenId::FinalTest},
+    {"Test neu beginnen", "Command4", ScreenId::FinalTest, ScreenId::FinalTest},
+    {"Weiter", "Command1", ScreenId::Start, ScreenId::ControlCentre},
 };
 
 } // namespace
@@ -183,7 +183,7 @@ private Q_SLOTS:
         QFETCH(int, change);
         QFETCH(int, state);
         QFETCH(bool, prepared);
-        const auto &[name, from, steps, to] = kChanges[change];
+        const auto &[name, steps, from, to] = kChanges[change];
         TestProgramme programme;
         Form *before = Screens::show(from);
         QVERIFY(QTest::qWaitForWindowExposed(before));
