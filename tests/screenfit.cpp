@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "screenfit.h"
 
+#include "application.h"
 #include "controlcentre.h"
+#include "displaymodescreen.h"
+#include "finaltestpage.h"
 #include "form.h"
+#include "lessonpage.h"
 #include "picture.h"
+#include "shell.h"
 #include "testsupport.h"
 #include "zoom.h"
 
@@ -32,17 +37,21 @@ QString where(const QWidget *w) {
     return name;
 }
 
+QString text(QSize size) {
+    return u"%1 x %2"_s.arg(size.width()).arg(size.height());
+}
+
+QString text(QRect rect) {
+    return u"%1,%2 %3"_s.arg(rect.x()).arg(rect.y()).arg(text(rect.size()));
+}
+
 // How a control's text is cut, measured against the room it is drawn in rather than against
 // the control's own (cached) size hint; empty when the text fits.
 QString cut(const QWidget *w) {
     const auto shortOf = [w](QSize need, QSize room) {
         if (need.width() <= room.width() && need.height() <= room.height())
             return QString();
-        return u"%1 needs %2 x %3, has %4 x %5"_s.arg(where(w))
-            .arg(need.width())
-            .arg(need.height())
-            .arg(room.width())
-            .arg(room.height());
+        return u"%1 needs %2, has %3"_s.arg(where(w), text(need), text(room));
     };
     const QFontMetrics metrics = w->fontMetrics();
     if (const auto *label = qobject_cast<const QLabel *>(w)) {
@@ -92,6 +101,14 @@ QString cut(const QWidget *w) {
 
 } // namespace
 
+void setUpEveryScreen() {
+    setUpApplication(*qobject_cast<QApplication *>(QCoreApplication::instance()));
+    registerShellScreens();
+    registerLessonPages();
+    registerFinalTestScreens();
+    registerDisplayScreens();
+}
+
 void resizeTo(Form *form, QSize size) {
     form->window()->resize(size);
     settle();
@@ -109,18 +126,11 @@ QStringList misfits(Form *form) {
     const int menu = form->menuWidget() ? form->menuWidget()->height() : 0;
     if (std::abs(page.width() - design.width() * factor) > 1.5 ||
         std::abs(page.height() + menu - design.height() * factor) > 1.5)
-        found << u"page %1 x %2 for a design of %3 x %4 at %5"_s.arg(page.width())
-                     .arg(page.height())
-                     .arg(design.width())
-                     .arg(design.height())
+        found << u"page %1 for a design of %2 at %3"_s.arg(text(page.size()), text(design))
                      .arg(factor);
     if (std::abs(page.left() - (form->width() - page.right() - 1)) > 1 ||
         std::abs(page.top() - menu - (form->height() - page.bottom() - 1)) > 1)
-        found << u"page not centred: %1 in %2 x %3"_s
-                     .arg(QString::fromLatin1(QByteArray::number(page.x()) + ',' +
-                                              QByteArray::number(page.y())))
-                     .arg(form->width())
-                     .arg(form->height());
+        found << u"page not centred: %1 in %2"_s.arg(text(page), text(form->size()));
 
     const int basePixels = QFontInfo(QApplication::font()).pixelSize();
     const int pagePixels = QFontInfo(form->page()->font()).pixelSize();
@@ -145,11 +155,7 @@ QStringList misfits(Form *form) {
         }
         const QRect rect(w->mapTo(form, QPoint()), w->size());
         if (!form->rect().contains(rect))
-            found << u"%1 at %2,%3 %4 x %5 outside the window"_s.arg(where(w))
-                         .arg(rect.x())
-                         .arg(rect.y())
-                         .arg(rect.width())
-                         .arg(rect.height());
+            found << u"%1 at %2 outside the window"_s.arg(where(w), text(rect));
         if (const QString text = cut(w); !text.isEmpty())
             found << text;
         // The layout gave every control at least what it asks for.

@@ -8,6 +8,8 @@ class Form;
 
 // What the zoom tests check of a screen as it stands in its window.
 
+// The programme's style and every screen registered, once per test run.
+void setUpEveryScreen();
 // Resizes the window a screen is shown in (its own, or the one the pages share) and lets the
 // zoom follow.
 void resizeTo(Form *form, QSize size);

@@ -119,18 +119,12 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("expected");
         QTest::addColumn<QString>("totals"); // Label7 "von" Label9 after the last step
 
-        // The end of the log: the totals after an empty line, two after wrong clicks.
+        // The end of the log: the totals after an empty line (after wrong clicks in question
+        // 10, two: the end-to-end test).
         QTest::newRow("question 10 without a wrong click, its second right option")
             << u"0 7 9 14 17 20 26 29 33 39"_s
             << kLastQuestion + "    Schalter - Richtig\r\n\r\n 10 Punkte von 10 Punkten\r\n" + kDate
             << u"10/10"_s;
-        QTest::newRow("question 10 with a wrong click")
-            << u"0 7 9 14 17 20 26 29 33 36 38"_s
-            << kLastQuestion +
-                   "    Erzeugen von Wechselstrom - Falsch\r\n    Verst\xe4rken von "
-                   "Signalen - Richtig\r\n\r\n\r\n 10 Punkte von 11 Punkten\r\n" +
-                   kDate
-            << u"10/11"_s;
         QTest::newRow("re-activation in question 1 creates the log anew")
             << u"2 a 3 0"_s
             << logOf({"    Ionen und freie Elektronen - Falsch\r\n"
@@ -171,9 +165,6 @@ private Q_SLOTS:
     void pageAtAGlance() {
         FinalTestPage *page = openPage();
         QCOMPARE(page->viewMenu->actions().size(), 2); // no "Punktanzeige"
-        QCOMPARE(page->instructionLabel->text(),
-                 u"Überlege und klicke dann die richtige\nLösung an.\n\nÜberlege bei falscher "
-                 u"Lösung noch einmal."_s);
         QCOMPARE(glance(page), u"1 Image1 Label17 mnuSteuer Timer2"_s);
         run(page, u"0 7"_s);
         QCOMPARE(glance(page), u"(1) (2) 3 Label17 Command4 Timer2"_s);
@@ -338,12 +329,7 @@ private Q_SLOTS:
         QFETCH(QString, after);
         QFETCH(QByteArray, file);
         FinalTestPage *page = openPage();
-        for (const QString &name : clicks.split(u' ')) {
-            if (auto *entry = page->findChild<QAction *>(name))
-                entry->trigger();
-            else
-                QTest::mouseClick(page->findChild<QPushButton *>(name), Qt::LeftButton);
-        }
+        QVERIFY(work(page, clicks));
         settle();
         QCOMPARE(Screens::programmeEnded() ? u"-"_s : Screens::activeScreen()->objectName(), after);
         QVERIFY(!Screens::loaded(ScreenId::FinalTest));

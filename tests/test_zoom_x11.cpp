@@ -1,19 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The zoom on a real X server (the Xorg dummy of the system tests): screens at a few window sizes
-// with the server's own fonts, the window kept across a page change, a screen over a page.
-#include "application.h"
-#include "displaymodescreen.h"
-#include "finaltestpage.h"
+// with the server's own fonts, the window kept across a page change.
 #include "lessonpage.h"
 #include "screenfit.h"
 #include "screens.h"
-#include "shell.h"
 #include "testsupport.h"
 #include "zoom.h"
 
 #include <QApplication>
 #include <QPushButton>
-#include <QScreen>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -24,13 +19,7 @@ class TestZoomX11 : public QObject {
 private Q_SLOTS:
     void initTestCase() {
         QCOMPARE(QGuiApplication::platformName(), u"xcb"_s);
-        setUpApplication(*qobject_cast<QApplication *>(QCoreApplication::instance()));
-    }
-    void init() {
-        registerShellScreens();
-        registerLessonPages();
-        registerFinalTestScreens();
-        registerDisplayScreens();
+        setUpEveryScreen();
     }
 
     void screenFits_data() {
@@ -76,30 +65,7 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowExposed(next));
         QCOMPARE(window->geometry(), place);
         QCOMPARE(window->windowTitle(), next->windowTitle());
-        QCOMPARE(next->zoom().factor(), 1.25);
         QVERIFY(misfits(next).isEmpty());
-    }
-
-    // An information screen opens centred over the page, at its zoom, on the screen.
-    void overThePage() {
-        TestProgramme programme;
-        Form *page = Screens::show(ScreenId::Page2);
-        QVERIFY(QTest::qWaitForWindowExposed(page));
-        const QRect available = page->screen()->availableGeometry();
-        const QSize size(available.width() * 3 / 4, available.width() * 9 / 16);
-        page->window()->setGeometry(QRect(available.topLeft() + QPoint(40, 40), size));
-        QTRY_COMPARE(page->window()->size(), size);
-        settle();
-        Form *info = Screens::show(ScreenId::Author);
-        QVERIFY(QTest::qWaitForWindowExposed(info));
-        settle();
-        QVERIFY(available.contains(info->geometry()));
-        QVERIFY(std::abs(info->zoom().factor() - page->zoom().factor()) < 0.01 ||
-                info->height() >= available.height() - 64);
-        const QPoint offset = info->geometry().center() - page->window()->geometry().center();
-        QVERIFY2(offset.manhattanLength() <= 2 || info->geometry().top() == available.top(),
-                 qPrintable(u"%1,%2"_s.arg(offset.x()).arg(offset.y())));
-        QVERIFY(misfits(info).isEmpty());
     }
 };
 

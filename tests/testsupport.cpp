@@ -5,6 +5,7 @@
 #include "screens.h"
 #include "seams.h"
 
+#include <QAction>
 #include <QDir>
 #include <QFile>
 #include <QListWidget>
@@ -132,6 +133,21 @@ void ProbeForm::onActivate() {
 void registerProbes(const QList<QPair<ScreenId, QString>> &screens) {
     for (const auto &[id, name] : screens)
         Screens::registerScreen(id, [id = id, name = name] { return new ProbeForm(id, name); });
+}
+
+bool work(QWidget *screen, const QString &steps) {
+    for (const QString &step : steps.split(u' ', Qt::SkipEmptyParts)) {
+        auto *control = screen->findChild<QWidget *>(step.startsWith(u'@') ? step.mid(1) : step);
+        if (auto *entry = screen->findChild<QAction *>(step))
+            entry->trigger();
+        else if (!control)
+            return false;
+        else if (step.startsWith(u'@'))
+            control->setFocus();
+        else
+            QTest::mouseClick(control, Qt::LeftButton);
+    }
+    return true;
 }
 
 void fireTimer(QTimer *timer) {

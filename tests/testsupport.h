@@ -94,6 +94,11 @@ private:
 // Registers a ProbeForm for each of the screens, named by the given names.
 void registerProbes(const QList<QPair<ScreenId, QString>> &screens);
 
+// Works a screen as a pupil does, step by step: the name of a menu entry triggers it, "@name"
+// gives that control the focus, any other name clicks that control. False when a step names
+// nothing on the screen.
+bool work(QWidget *screen, const QString &steps);
+
 // Fires a timer's tick at once, as if its interval had passed.
 void fireTimer(QTimer *timer);
 
