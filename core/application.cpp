@@ -8,6 +8,8 @@
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QPainter>
+#include <QPixmap>
+#include <QPixmapCache>
 #include <QPointer>
 #include <QPushButton>
 #include <QStyleFactory>
@@ -57,12 +59,51 @@ public:
             drawFocusFrame(widget ? around & widget->rect() : option->rect, painter, widget);
             return;
         }
-        ZoomingStyle::drawPrimitive(element, option, painter, widget);
+        if (element != PE_PanelButtonCommand || !drawButtonCopy(option, painter, widget))
+            ZoomingStyle::drawPrimitive(element, option, painter, widget);
         if (element == PE_FrameLineEdit && (option->state & State_HasFocus))
             drawFocusFrame(option->rect, painter, widget);
     }
 
 private:
+    // A button's face, drawn once for each look and then copied. Fusion keeps copies of its own,
+    // but by the identity of the button's palette, and the pages give a button a new palette each
+    // time it is switched on or off (its colour tells the pupil which buttons work): Fusion would
+    // draw the face anew each time, while the pupil waits for the verdict on an answer. These
+    // copies go by the colours themselves.
+    bool drawButtonCopy(const QStyleOption *option, QPainter *painter,
+                        const QWidget *widget) const {
+        const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
+        if (!button || option->rect.isEmpty() || !painter->device())
+            return false;
+        const qreal ratio = painter->device()->devicePixelRatio();
+        const QPalette &colours = option->palette;
+        const QString key = QStringLiteral("kelvora-button-%1-%2-%3-%4x%5@%6-%7-%8-%9")
+                                .arg(uint(option->state), 0, 16)
+                                .arg(uint(button->features), 0, 16)
+                                .arg(uint(option->direction))
+                                .arg(option->rect.width())
+                                .arg(option->rect.height())
+                                .arg(ratio)
+                                .arg(colours.button().color().rgba(), 0, 16)
+                                .arg(colours.window().color().rgba(), 0, 16)
+                                .arg(colours.highlight().color().rgba(), 0, 16);
+        QPixmap face;
+        if (!QPixmapCache::find(key, &face)) {
+            face = QPixmap(option->rect.size() * ratio);
+            face.setDevicePixelRatio(ratio);
+            face.fill(Qt::transparent);
+            QStyleOptionButton atOrigin(*button);
+            atOrigin.rect.moveTo(0, 0);
+            QPainter facePainter(&face);
+            ZoomingStyle::drawPrimitive(PE_PanelButtonCommand, &atOrigin, &facePainter, widget);
+            facePainter.end();
+            QPixmapCache::insert(key, face);
+        }
+        painter->drawPixmap(option->rect.topLeft(), face);
+        return true;
+    }
+
     static void drawFocusFrame(const QRect &rect, QPainter *painter, const QWidget *widget) {
         // Two pixels wide at the design size, wider with the page.
         const int width = std::max(2, static_cast<int>(std::lround(2 * Zoom::factorOf(widget))));
