@@ -31,18 +31,13 @@ WrappingLabel::WrappingLabel(const QString &text, QWidget *parent)
     : QLabel(text, parent) {}
 
 int WrappingLabel::heightForWidth(int width) const {
-    // What else decides the height: the font, the margins.
-    const QMargins m = contentsMargins();
-    const QString fontKey = font().key() + QStringLiteral("/%1/%2/%3/%4/%5/%6")
-                                               .arg(margin())
-                                               .arg(indent())
-                                               .arg(m.left())
-                                               .arg(m.top())
-                                               .arg(m.right())
-                                               .arg(m.bottom());
-    if (text() != measuredText_ || fontKey != measuredFont_) {
+    // What else decides the height: the font, the margins and the indent.
+    const QMargins margins =
+        contentsMargins() + QMargins(margin() + indent(), margin(), margin(), margin());
+    if (text() != measuredText_ || font() != measuredFont_ || margins != measuredMargins_) {
         measuredText_ = text();
-        measuredFont_ = fontKey;
+        measuredFont_ = font();
+        measuredMargins_ = margins;
         heights_.clear();
     }
     const auto known = heights_.constFind(width);

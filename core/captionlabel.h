@@ -29,7 +29,8 @@ public:
 
 private:
     mutable QString measuredText_;
-    mutable QString measuredFont_;
+    mutable QFont measuredFont_;
+    mutable QMargins measuredMargins_;
     mutable QHash<int, int> heights_;
 };
 
