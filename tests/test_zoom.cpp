@@ -137,6 +137,29 @@ private Q_SLOTS:
         QVERIFY2(found.isEmpty(), qPrintable(found.join(u"\n"_s)));
     }
 
+    // A word-wrapped label keeps the heights it measured: a new text, font or margin must be
+    // measured again, or the label would be cut or leave a gap.
+    void wrappedLabelMeasuresAgain_data() {
+        QTest::addColumn<int>("change");
+        QTest::newRow("longer text") << 0;
+        QTest::newRow("larger font") << 1;
+        QTest::newRow("wider margin") << 2;
+    }
+    void wrappedLabelMeasuresAgain() {
+        QFETCH(int, change);
+        WrappingLabel label(u"Antworte mit A, B oder C."_s);
+        label.setWordWrap(true);
+        const int before = label.heightForWidth(120);
+        QCOMPARE(label.heightForWidth(120), before);
+        if (change == 0)
+            label.setText(label.text().repeated(4));
+        else if (change == 1)
+            label.setFont(QFont(label.font().family(), label.font().pointSize() * 2));
+        else
+            label.setMargin(20);
+        QVERIFY2(label.heightForWidth(120) > before, "the label kept its old height");
+    }
+
     // The first window: centred on the screen's available area, the 4:3 page at four fifths of
     // its height; a page opened from the start-position file at once takes that place.
     void firstWindow() {
