@@ -10,6 +10,7 @@
 #include <QImage>
 #include <QKeyEvent>
 #include <QLayout>
+#include <QPainter>
 #include <QPushButton>
 #include <QWindow>
 
@@ -57,11 +58,25 @@ public:
         : QWidget(form)
         , form_(form) {}
 
+    // What lies over the page lies over the bands beside it too.
+    void setBandTint(const QColor &tint) {
+        tint_ = tint;
+        update();
+    }
+
 protected:
     void resizeEvent(QResizeEvent *) override { form_->requestZoom(); }
+    void paintEvent(QPaintEvent *) override {
+        if (!tint_.isValid())
+            return;
+        QPainter painter(this);
+        painter.setClipRegion(QRegion(rect()).subtracted(form_->page()->geometry()));
+        painter.fillRect(rect(), tint_);
+    }
 
 private:
     Form *form_;
+    QColor tint_;
 };
 
 Form::Form(ScreenId id, QWidget *parent)
@@ -175,6 +190,10 @@ void Form::applyZoom() {
         return;
     zoomPending_ = false;
     zoomTo(factorFor(size()));
+}
+
+void Form::setBandTint(const QColor &tint) {
+    static_cast<PageFrame *>(frame_)->setBandTint(tint);
 }
 
 void Form::placePage() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QColor>
 #include <QMainWindow>
 #include <QPointer>
 
@@ -66,6 +67,9 @@ public:
     virtual QList<ScreenId> likelyNext() const { return {}; }
 
     QWidget *page() const { return page_; }
+    // Tints the bands beside the page, where the window's proportions are not the page's, as a
+    // cover over the page tints the page (an invalid colour: none).
+    void setBandTint(const QColor &tint);
     QSize designSize() const { return designSize_; }
     Zoom &zoom() const { return *zoom_; }
     // The zoom factor for a window whose inside has this size.

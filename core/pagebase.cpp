@@ -363,6 +363,7 @@ void PageBase::addExplanationTimers(int ms, const QString &hintName) {
 void PageBase::openExitFrame() {
     exitFrame->show();
     exitCover->show();
+    setBandTint(Theme::kExitCover);
 }
 
 void PageBase::restartFromBeginning() {
@@ -379,6 +380,7 @@ void PageBase::resumeHere() {
 void PageBase::closeExitFrame() {
     exitFrame->hide();
     exitCover->hide();
+    setBandTint({});
     if (!focusIntoPanel())
         focusAfterExitFrame();
 }

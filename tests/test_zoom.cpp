@@ -373,10 +373,17 @@ private Q_SLOTS:
         QCOMPARE(page->zoom().factor(), page->factorFor(page->size()));
         QVERIFY(misfits(page).isEmpty());
         if (panel) {
+            // The cover over the page lies over the bands beside it too, and goes with it.
+            const auto band = [page] {
+                return page->grab().toImage().pixelColor(2, page->height() / 2);
+            };
+            const QColor bare = band();
             page->openExitFrame();
+            QVERIFY(band() != bare);
             QTest::keyClick(page->focusWidget(), Qt::Key_Escape);
             settle();
             QVERIFY(page->exitFrame->isHidden());
+            QCOMPARE(band(), bare);
             QVERIFY(window->windowState() & Qt::WindowFullScreen);
         }
 
