@@ -3,6 +3,7 @@
 
 #include <QSize>
 #include <QStringList>
+#include <QTest>
 
 class Form;
 
@@ -17,3 +18,9 @@ void resizeTo(Form *form, QSize size);
 // do not fit the room they are drawn in, fonts and pictures not grown with the window, the style's
 // own sizes not zoomed, a page out of proportion or off centre. Empty when all is well.
 QStringList misfits(Form *form);
+// Fails the test with every misfit of the screen, one per line.
+#define VERIFY_FITS(form)                                                                          \
+    do {                                                                                           \
+        const QStringList found_ = misfits(form);                                                  \
+        QVERIFY2(found_.isEmpty(), qPrintable(found_.join(QLatin1Char('\n'))));                    \
+    } while (false)

@@ -180,7 +180,7 @@ private Q_SLOTS:
         QVERIFY(std::abs(window->frameGeometry().center().x() - available.center().x()) <= 2);
         // The frame's height is only known once it is there: centred as far as it was foreseen.
         QVERIFY(std::abs(window->frameGeometry().center().y() - available.center().y()) <= 16);
-        QVERIFY(misfits(page).isEmpty());
+        VERIFY_FITS(page);
     }
 
     void windowCarriedAcross_data() {
@@ -246,8 +246,7 @@ private Q_SLOTS:
         QCOMPARE(after->size(), size);
         QCOMPARE(after->zoom().factor(), factor);
         QCOMPARE(window->windowTitle(), after->windowTitle());
-        const QStringList found = misfits(after);
-        QVERIFY2(found.isEmpty(), qPrintable(found.join(u"\n"_s)));
+        VERIFY_FITS(after);
 
         // Restored, the window has its normal place and size.
         window->setWindowState(Qt::WindowNoState);
@@ -297,8 +296,7 @@ private Q_SLOTS:
         if (available.contains(centred))
             QVERIFY2(offset.manhattanLength() <= 2,
                      qPrintable(u"%1,%2"_s.arg(offset.x()).arg(offset.y())));
-        const QStringList found = misfits(over);
-        QVERIFY2(found.isEmpty(), qPrintable(found.join(u"\n"_s)));
+        VERIFY_FITS(over);
     }
 
     // The end page's question box: a question centred over the end page, in its page's font;
@@ -371,7 +369,7 @@ private Q_SLOTS:
         QTRY_COMPARE(window->frameGeometry(), window->screen()->geometry());
         settle();
         QCOMPARE(page->zoom().factor(), page->factorFor(page->size()));
-        QVERIFY(misfits(page).isEmpty());
+        VERIFY_FITS(page);
         if (panel) {
             // The cover over the page lies over the bands beside it too, and goes with it.
             const auto band = [page] {

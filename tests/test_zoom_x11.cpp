@@ -44,8 +44,7 @@ private Q_SLOTS:
         QTRY_COMPARE(form->window()->size(), size);
         QTRY_COMPARE(form->zoom().factor(), form->factorFor(form->size()));
         settle();
-        const QStringList found = misfits(form);
-        QVERIFY2(found.isEmpty(), qPrintable(found.join(u"\n"_s)));
+        VERIFY_FITS(form);
     }
 
     // ">>" shows page 4 in page 3's window, where it was and as large as it was.
@@ -65,7 +64,7 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowExposed(next));
         QCOMPARE(window->geometry(), place);
         QCOMPARE(window->windowTitle(), next->windowTitle());
-        QVERIFY(misfits(next).isEmpty());
+        VERIFY_FITS(next);
     }
 };
 
