@@ -14,7 +14,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLabel>
-#include <QLocale>
 #include <QPushButton>
 #include <QStorageInfo>
 #include <QTest>
@@ -31,7 +30,7 @@ namespace {
 
 // What each writer leaves in the file when it succeeds.
 const QByteArray kResumeAtPage11 = "\"11\"\r\n0\r\n";
-const QByteArray kGrade2 = "Programm Kelvora:           Zensur:   2\r\n\r\n22.11.2026 14:05:09\r\n";
+const QByteArray kGrade2 = "Programm Kelvora:           Zensur:   2\r\n\r\n03.04.2026 09:05:07\r\n";
 const QByteArray kOld = "old content\r\n";
 
 // Makes a file or folder write-protected as a pupil's account finds it: no write permission.
@@ -131,10 +130,7 @@ class TestFileSafety : public QObject {
     }
 
 private Q_SLOTS:
-    void initTestCase() {
-        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-        registerFinalTestScreens();
-    }
+    void initTestCase() { registerFinalTestScreens(); }
     void init() { programme.emplace(); }
     void cleanup() { programme.reset(); }
 
