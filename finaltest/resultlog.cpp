@@ -51,6 +51,7 @@ void create(const QString &path) {
     Log &l = log();
     l.file.close();
     l.file.setFileName(path);
+    TextFiles::makeFolderOf(path);
     if (l.file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         l.lastError.clear();
     else

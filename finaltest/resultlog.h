@@ -9,8 +9,8 @@
 // open across a reload of page 11, as one programme-wide file.
 namespace ResultLog {
 
-// Creates the file anew, replacing an older log. A failure passes without a word; the log then
-// stays closed.
+// Creates the file anew, replacing an older log, and its folder when that has gone. A failure
+// passes without a word; the log then stays closed.
 void create(const QString &path);
 bool isOpen();
 

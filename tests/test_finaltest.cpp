@@ -298,7 +298,9 @@ private Q_SLOTS:
     }
 
     void logThatCannotBeCreated() {
-        Seams::setProgrammeFolder([this] { return programme->folder() + u"/fehlt"_s; });
+        // A file stands where the programme folder should be, so no folder can be made there.
+        programme->write(u"Datei"_s, "x");
+        Seams::setProgrammeFolder([this] { return programme->path(u"Datei"_s); });
         FinalTestPage *page = openPage();
         // The creating click passes without a word, the next write ends the programme.
         QTest::mouseClick(page->optionButtons[1], Qt::LeftButton);
@@ -308,7 +310,7 @@ private Q_SLOTS:
             page->onOptionClicked(0);
             QFAIL("writing to a log that is not open did not fail");
         } catch (const ProgrammeFailure &e) {
-            QVERIFY2(QString::fromStdString(e.what()).contains(u"No such file"_s), e.what());
+            QVERIFY2(QString::fromStdString(e.what()).contains(u"Not a directory"_s), e.what());
         }
     }
 
