@@ -5,6 +5,7 @@
 // programme runs is made again by each writer. Driven through page 11, which writes all three.
 #include "course.h"
 #include "finaltestpage.h"
+#include "programmelock.h"
 #include "resultlog.h"
 #include "screens.h"
 #include "seams.h"
@@ -185,6 +186,8 @@ private Q_SLOTS:
             QVERIFY(writeThroughPage(fileName));
             QVERIFY(programme->questionsAsked.size() <= 1); // the grade question only
             QCOMPARE(programme->read(fileName), kOld);
+            if (folder) // no lock can be made there, and the programme runs as it did
+                QVERIFY(!ProgrammeLock::claim());
         }
         QCOMPARE(filesIn(programme->folder()), QStringList{fileName});
         // Without the protection the same steps write the file.
