@@ -1,17 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The composition root: every screen is made known to the screen layer here, and only here.
 #include "application.h"
+#include "backend_screen.h"
 #include "displaymodescreen.h"
 #include "finaltestpage.h"
 #include "lessonpage.h"
+#include "programmelock.h"
 #include "screens.h"
 #include "shell.h"
 
 #include <QApplication>
 
+#include <cstdlib>
+
 int main(int argc, char *argv[]) {
     QApplication app(argc, argv);
     setUpApplication(app);
+
+    // One copy per programme folder: a second start brings the first copy's window to the front,
+    // or says that Kelvora runs, and ends without touching the files.
+    if (const auto running = ProgrammeLock::claim()) {
+        if (!bringWindowToFront(*running))
+            ProgrammeLock::sayAlreadyRunning();
+        return EXIT_SUCCESS;
+    }
 
     registerShellScreens();
     registerLessonPages();

@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <array>
 
@@ -65,6 +66,12 @@ QString programmePath(const QString &fileName) {
     return pathInFolder(Seams::programmeFolder(), fileName);
 }
 
+void makeFolderOf(const QString &path) {
+    const QFileInfo file(path);
+    if (!file.dir().exists())
+        QDir().mkpath(file.absolutePath());
+}
+
 std::optional<QString> readFirstItem(const QString &path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
@@ -106,6 +113,7 @@ ReplacedFile::ReplacedFile(const QString &path)
     : file_(path) {
     // A folder that takes no new file is write-protected: the file is not written in place.
     file_.setDirectWriteFallback(false);
+    TextFiles::makeFolderOf(path);
     (void)file_.open(QIODevice::WriteOnly);
 }
 

@@ -21,6 +21,11 @@ QString pathInFolder(const QString &folder, const QString &fileName);
 // The same for the programme folder, asked for afresh.
 QString programmePath(const QString &fileName);
 
+// Makes the folder of a file again when it has gone while the programme runs (deleted by the
+// pupil or a clean-up), so that the file can be written. A folder that cannot be made stays
+// missing, and the file then fails as in a write-protected folder.
+void makeFolderOf(const QString &path);
+
 // The first item of a file's content in the quoted item style: a quoted string without its
 // quotes, or a bare item up to the next comma or line end. Nothing when it holds no item.
 std::optional<QString> firstItem(const QByteArray &content);
@@ -43,7 +48,7 @@ void writeStartPosition(const QString &path, int page, const QList<int> &numbers
 // beside it, which takes the file's place on close() only when every line has reached the disk:
 // a crash, a full disk or a kill before that leaves the old content, never a part of the new.
 // Every step may fail without a word, and the file then stays as it was: a write-protected file
-// or folder is not written at all.
+// or folder is not written at all. A folder that has gone is made again.
 class ReplacedFile {
 public:
     explicit ReplacedFile(const QString &path); // opens for output; the old content stays

@@ -46,7 +46,37 @@ public:
 
 static_assert((DM_PELSWIDTH | DM_PELSHEIGHT) == 0x00180000L, "size fields of DEVMODEA");
 
+struct WindowSearch {
+    DWORD processId;
+    HWND found;
+};
+
+// The windows come from front to back: the first visible one of the process is its front window.
+BOOL CALLBACK takeFrontWindow(HWND window, LPARAM data) {
+    auto *search = reinterpret_cast<WindowSearch *>(data);
+    DWORD owner = 0;
+    GetWindowThreadProcessId(window, &owner);
+    if (owner != search->processId || !IsWindowVisible(window))
+        return TRUE;
+    search->found = window;
+    return FALSE;
+}
+
 } // namespace
+
+bool bringWindowsWindowToFront(long long processId) {
+    WindowSearch search{static_cast<DWORD>(processId), nullptr};
+    EnumWindows(takeFrontWindow, reinterpret_cast<LPARAM>(&search));
+    if (!search.found)
+        return false;
+    // A minimised page comes back, with the window that stands over it.
+    const HWND page = GetAncestor(search.found, GA_ROOTOWNER);
+    if (IsIconic(page))
+        ShowWindow(page, SW_RESTORE);
+    // The copy just started may pass the foreground on to the one that runs.
+    AllowSetForegroundWindow(search.processId);
+    return SetForegroundWindow(search.found) != 0;
+}
 
 std::unique_ptr<DisplayBackend> makeWindowsDisplayBackend() {
     return std::make_unique<WindowsDisplayBackend>();

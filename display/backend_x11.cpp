@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "backend_x11.h"
 
+#include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/extensions/Xrandr.h>
 
@@ -322,7 +323,83 @@ DisplaySize X11DisplayBackend::currentSize() {
     return screenSize();
 }
 
+// A property of a window in 32-bit items of the given type (windows, atoms, cardinals), as Xlib
+// hands them out in longs; empty when the window has none or has gone.
+std::vector<unsigned long> property32(Display *display, Window window, const char *name,
+                                      Atom type) {
+    Atom actualType = None;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long after = 0;
+    unsigned char *data = nullptr;
+    std::vector<unsigned long> items;
+    if (XGetWindowProperty(display, window, XInternAtom(display, name, False), 0, 4096, False, type,
+                           &actualType, &format, &count, &after, &data) == Success &&
+        data) {
+        if (actualType == type && format == 32) {
+            const auto *values = reinterpret_cast<const unsigned long *>(data);
+            items.assign(values, values + count);
+        }
+        XFree(data);
+    }
+    return items;
+}
+
+bool contains(const std::vector<unsigned long> &items, unsigned long item) {
+    return std::find(items.begin(), items.end(), item) != items.end();
+}
+
+// The front window of the process among the windows the window manager looks after, which the
+// manager is then asked to activate as a pager does at the user's click: it comes to the front
+// of its desktop, out of the task bar if it was minimised. Only a window manager that runs (its
+// check window is its own) and takes such requests can do it.
+bool activateFrontWindow(Display *display, unsigned long processId) {
+    const Window root = DefaultRootWindow(display);
+    const auto manager = property32(display, root, "_NET_SUPPORTING_WM_CHECK", XA_WINDOW);
+    if (manager.empty() ||
+        property32(display, manager.front(), "_NET_SUPPORTING_WM_CHECK", XA_WINDOW) != manager)
+        return false;
+    const Atom activate = XInternAtom(display, "_NET_ACTIVE_WINDOW", False);
+    if (!contains(property32(display, root, "_NET_SUPPORTED", XA_ATOM), activate))
+        return false;
+    // Bottom to top; without the stacking order, in the order the windows were mapped.
+    auto windows = property32(display, root, "_NET_CLIENT_LIST_STACKING", XA_WINDOW);
+    if (windows.empty())
+        windows = property32(display, root, "_NET_CLIENT_LIST", XA_WINDOW);
+    const auto front = std::find_if(windows.rbegin(), windows.rend(), [&](unsigned long window) {
+        return property32(display, window, "_NET_WM_PID", XA_CARDINAL) ==
+               std::vector<unsigned long>{processId};
+    });
+    if (front == windows.rend())
+        return false;
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = *front;
+    event.xclient.message_type = activate;
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = 2; // from a pager: the pupil's own request
+    event.xclient.data.l[1] = CurrentTime;
+    return XSendEvent(display, root, False, SubstructureRedirectMask | SubstructureNotifyMask,
+                      &event) != 0;
+}
+
 } // namespace
+
+bool bringX11WindowToFront(long long processId) {
+    Display *display = XOpenDisplay(nullptr);
+    if (!display)
+        return false;
+    bool brought = false;
+    {
+        // A window may go while it is looked at. Every reply is in before the trap goes.
+        XErrorTrap trap(display);
+        brought =
+            processId > 0 && activateFrontWindow(display, static_cast<unsigned long>(processId));
+        (void)trap.allDone(display);
+    }
+    XCloseDisplay(display);
+    return brought;
+}
 
 std::unique_ptr<DisplayBackend> makeX11DisplayBackend() {
     Display *display = XOpenDisplay(nullptr);

@@ -17,3 +17,8 @@ enum class X11ModeStep { OutputOff, ScreenSize, NewMode };
 // For tests: until it is cleared, every mode change sends this step in a form the server
 // refuses.
 void refuseX11ModeStep(std::optional<X11ModeStep> step);
+
+// Brings the front window of the process to the front of the desktop through the window
+// manager: true when the process has a window there and the manager was asked. False without a
+// window manager that takes such requests.
+bool bringX11WindowToFront(long long processId);

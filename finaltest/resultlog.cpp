@@ -6,7 +6,6 @@
 
 #include <QFile>
 #include <QLocale>
-#include <QRegularExpression>
 
 namespace {
 
@@ -39,24 +38,11 @@ void writeLine(const QString &line) {
         Seams::failProgramme(l.file.errorString());
 }
 
-// A format of the system's locale made to read like the Windows desktop: a two-digit year
-// becomes four digits, and the time-zone name goes.
-QString windowsLikeFormat(QString format) {
-    static const QRegularExpression shortYear(QStringLiteral("(?<!y)yy(?!y)"));
-    static const QRegularExpression zone(QStringLiteral("\\s*(?<![A-Za-z'])t+(?![A-Za-z'])"));
-    format.replace(shortYear, QStringLiteral("yyyy"));
-    format.replace(zone, QString());
-    return format.trimmed();
-}
-
 } // namespace
 
 QString dateTimeText(const QDateTime &when) {
-    const QLocale locale;
-    return locale.toString(when.date(),
-                           windowsLikeFormat(locale.dateFormat(QLocale::ShortFormat))) +
-           QLatin1Char(' ') +
-           locale.toString(when.time(), windowsLikeFormat(locale.timeFormat(QLocale::LongFormat)));
+    // Digits of the C locale: the system's own language may bring other digits and names.
+    return QLocale::c().toString(when, QStringLiteral("dd.MM.yyyy hh:mm:ss"));
 }
 
 namespace ResultLog {
@@ -65,6 +51,7 @@ void create(const QString &path) {
     Log &l = log();
     l.file.close();
     l.file.setFileName(path);
+    TextFiles::makeFolderOf(path);
     if (l.file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         l.lastError.clear();
     else

@@ -9,8 +9,8 @@
 // open across a reload of page 11, as one programme-wide file.
 namespace ResultLog {
 
-// Creates the file anew, replacing an older log. A failure passes without a word; the log then
-// stays closed.
+// Creates the file anew, replacing an older log, and its folder when that has gone. A failure
+// passes without a word; the log then stays closed.
 void create(const QString &path);
 bool isOpen();
 
@@ -37,6 +37,6 @@ public:
 
 } // namespace ResultLog
 
-// The system's short date and long time, as a German Windows desktop shows them: the year with
-// four digits and no time-zone name, for example "22.11.2026 14:05:09".
+// The date and time as a German desktop shows them, whatever language the system is set to: for
+// example "22.11.2026 14:05:09".
 QString dateTimeText(const QDateTime &when);

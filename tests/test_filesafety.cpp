@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The start-position file and the grade file are replaced all at once (a kill in the middle is
 // tested with the quoted items in test_textfiles): a full disk, a write-protected file or folder
-// leave the old content, and the programme goes on as it would have. Driven through page 11,
-// which writes both.
+// leave the old content, and the programme goes on as it would have. A folder deleted while the
+// programme runs is made again by each writer. Driven through page 11, which writes all three.
 #include "course.h"
 #include "finaltestpage.h"
+#include "programmelock.h"
+#include "resultlog.h"
 #include "screens.h"
 #include "seams.h"
 #include "testsupport.h"
@@ -14,11 +16,11 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLabel>
-#include <QLocale>
 #include <QPushButton>
 #include <QStorageInfo>
 #include <QTest>
 
+#include <functional>
 #include <optional>
 
 #if defined(Q_OS_UNIX)
@@ -31,8 +33,11 @@ namespace {
 
 // What each writer leaves in the file when it succeeds.
 const QByteArray kResumeAtPage11 = "\"11\"\r\n0\r\n";
-const QByteArray kGrade2 = "Programm Kelvora:           Zensur:   2\r\n\r\n22.11.2026 14:05:09\r\n";
+const QByteArray kGrade2 = "Programm Kelvora:           Zensur:   2\r\n\r\n03.04.2026 09:05:07\r\n";
 const QByteArray kOld = "old content\r\n";
+const QByteArray kLogAfterFirstClick = "               Test Kelvora\r\n\r\nAufgabe 1\r\nWelche "
+                                       "Ladungstr\xe4ger leiten in Metallen den Strom?\r\n    "
+                                       "freie Elektronen - Richtig\r\n\r\n";
 
 // Makes a file or folder write-protected as a pupil's account finds it: no write permission.
 // Root, whom permissions do not stop, meets a protected file as an immutable one, and a protected
@@ -97,13 +102,20 @@ class TestFileSafety : public QObject {
     std::optional<TestProgramme> programme;
 
     // Page 11 writes the file the way the pupil makes it: "hier weiterarbeiten" in the exit
-    // frame, which ends the programme, or grading 10 right of 12 clicks, which shows "Zensur: 2".
-    // True when the programme went on as it does after a successful write.
-    bool writeThroughPage(const QString &fileName) {
+    // frame, which ends the programme, grading 10 right of 12 clicks, which shows "Zensur: 2",
+    // or the first click of the test, which starts the log. `meanwhile` happens while the page
+    // is open. True when the programme went on as it does after a successful write.
+    bool writeThroughPage(const QString &fileName, const std::function<void()> &meanwhile = {}) {
         auto *page = Screens::show<FinalTestPage>(ScreenId::FinalTest);
         if (!QTest::qWaitForWindowExposed(page))
             return false;
         setGradeScale();
+        if (meanwhile)
+            meanwhile();
+        if (fileName == kResultFileName) {
+            clickOptions(page, {0});
+            return !Screens::programmeEnded();
+        }
         if (fileName == kStartFileName) {
             QTest::mouseClick(page->endButton, Qt::LeftButton);
             QTest::mouseClick(page->resumeButton, Qt::LeftButton);
@@ -131,12 +143,12 @@ class TestFileSafety : public QObject {
     }
 
 private Q_SLOTS:
-    void initTestCase() {
-        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-        registerFinalTestScreens();
-    }
+    void initTestCase() { registerFinalTestScreens(); }
     void init() { programme.emplace(); }
-    void cleanup() { programme.reset(); }
+    void cleanup() {
+        ResultLog::close();
+        programme.reset();
+    }
 
     // A new file gets the permissions any new file of the folder gets, and a replaced one keeps
     // its own, so a teacher reads the grade file as before.
@@ -174,12 +186,31 @@ private Q_SLOTS:
             QVERIFY(writeThroughPage(fileName));
             QVERIFY(programme->questionsAsked.size() <= 1); // the grade question only
             QCOMPARE(programme->read(fileName), kOld);
+            if (folder) // no lock can be made there, and the programme runs as it did
+                QVERIFY(!ProgrammeLock::claim());
         }
         QCOMPARE(filesIn(programme->folder()), QStringList{fileName});
         // Without the protection the same steps write the file.
         programme.emplace();
         QVERIFY(writeThroughPage(fileName));
         QCOMPARE(programme->read(fileName), written);
+    }
+
+    // The programme folder deleted while page 11 is open: each writer makes it again.
+    void deletedFolder_data() {
+        QTest::addColumn<QString>("fileName");
+        QTest::addColumn<QByteArray>("written");
+        QTest::addRow("start-position file") << kStartFileName << kResumeAtPage11;
+        QTest::addRow("grade file") << kGradeFileName << kGrade2;
+        QTest::addRow("test log") << kResultFileName << kLogAfterFirstClick;
+    }
+    void deletedFolder() {
+        QFETCH(QString, fileName);
+        QFETCH(QByteArray, written);
+        const QString folder = programme->folder();
+        QVERIFY(writeThroughPage(fileName, [folder] { QDir(folder).removeRecursively(); }));
+        QCOMPARE(programme->read(fileName), written);
+        QCOMPARE(filesIn(folder), QStringList{fileName});
     }
 
     // A full disk, on the small file system that the set-up mounts as root: the old content

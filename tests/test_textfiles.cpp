@@ -83,9 +83,9 @@ private Q_SLOTS:
                                            << QByteArray("\"50\"\r\n0\r\n-3\r\n");
         QTest::addRow("umlaut in a string") << f << QStringList{u"Größe"_s} << QList<int>{} << true
                                             << QByteArray("\"Gr\xF6\xDF\x65\"\r\n");
-        QTest::addRow("into a missing folder, without a word")
-            << u"no-such-folder/f.txt"_s << QStringList{u"7"_s} << QList<int>{3} << true
-            << QByteArray();
+        QTest::addRow("into a folder that has gone: made again")
+            << u"gone/f.txt"_s << QStringList{u"7"_s} << QList<int>{3} << true
+            << QByteArray("\"7\"\r\n3\r\n");
         QTest::addRow("never finished") << f << QStringList{u"1"_s} << QList<int>{4, 5} << false
                                         << QByteArray("old content that must go\r\n");
     }

@@ -57,7 +57,7 @@ bool clickEntry(QListWidget *list, const QString &text) {
 }
 
 TestProgramme::TestProgramme()
-    : now_(QDate(2026, 11, 22), QTime(14, 5, 9)) {
+    : now_(QDate(2026, 4, 3), QTime(9, 5, 7)) {
     Screens::reset();
     resetProgrammeState();
     ProbeForm::log.clear();

@@ -36,7 +36,7 @@ public:
     QByteArray read(const QString &fileName) const;
     void write(const QString &fileName, const QByteArray &bytes) const;
 
-    // The clock stands still at this time of 22 November 2026 until the test moves it.
+    // The clock stands still at 09:05:07 on 3 April 2026 until the test moves it.
     void setTime(double secondsSinceMidnight);
     void advance(double seconds);
 
