@@ -27,6 +27,9 @@ public:
     }
 };
 
+// Marks a text that is said by itself as it appears.
+constexpr char kSaidWhenShown[] = "saidWhenShown";
+
 // A picture is read as one text: the drawing inside it is described in its name, and the views
 // that draw it are no controls of their own.
 class WholeText : public QAccessibleWidget {
@@ -195,6 +198,8 @@ QAccessibleInterface *programmeControls(const QString &, QObject *object) {
         return new QAccessibleWidget(drawing, QAccessible::Graphic);
     if (auto *announcement = dynamic_cast<Announcement *>(object))
         return new QAccessibleWidget(announcement, QAccessible::Notification);
+    if (object->property(kSaidWhenShown).toBool())
+        return new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::Notification);
     return nullptr;
 }
 
@@ -219,6 +224,13 @@ void install() {
         return true;
     }();
     Q_UNUSED(installed)
+}
+
+void sayWhenShown(QWidget *text) {
+    text->setProperty(kSaidWhenShown, true);
+    // Made anew as a notification the next time it is asked for.
+    QAccessible::deleteAccessibleInterface(
+        QAccessible::uniqueId(QAccessible::queryAccessibleInterface(text)));
 }
 
 void announce(QWidget *within, const QString &text) {

@@ -27,4 +27,8 @@ void install();
 // each announcement.
 void announce(QWidget *within, const QString &text);
 
+// Makes a text that appears beside a control that keeps the focus (a hint under a field) a
+// notification: a screen reader says it by itself each time it appears.
+void sayWhenShown(QWidget *text);
+
 } // namespace Accessibility

@@ -343,9 +343,10 @@ void PageBase::buildOverview(QWidget *central) {
         overviewFrame);
 
     // The line of this page has the focus: the pupil sees where they are, and choosing it is
-    // harmless (jumpToPage). A screen reader says the note with it.
+    // harmless (jumpToPage). A screen reader says the note with it and with "Schließen".
     new FocusOnShow(overviewFrame, harmlessControl(overviewFrame));
-    harmlessControl(overviewFrame)->setAccessibleDescription(overviewNote->text());
+    for (QWidget *w : {harmlessControl(overviewFrame), static_cast<QWidget *>(overviewCloseButton)})
+        w->setAccessibleDescription(overviewNote->text());
     overviewBorder->hide();
     overviewFrame->hide();
 }

@@ -279,10 +279,12 @@ void FinalTestPage::buildControls() {
     setActive(endPageButton, false);
     setActive(restartTestButton, false);
     setActive(gradeButton, false);
-    // A screen reader says the title and the instruction with the option that has the focus on
-    // arrival.
-    optionButtons[0]->setAccessibleDescription(titleLabel->text() + QStringLiteral(". ") +
-                                               instructionLabel->accessibleName());
+    // A screen reader says the page, the title and the instruction with the option that has the
+    // focus on arrival.
+    optionButtons[0]->setAccessibleDescription(QStringLiteral("Seite %1. %2. %3")
+                                                   .arg(QString::number(pageNumber()),
+                                                        titleLabel->text(),
+                                                        instructionLabel->accessibleName()));
 
     halfChangeTimer = new QTimer(this);
     halfChangeTimer->setInterval(kHalfChangeMs);

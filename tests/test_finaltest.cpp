@@ -69,14 +69,15 @@ QString glance(FinalTestPage *p) {
 
 const QByteArray kDate = "22.11.2026 14:05:09\r\n";
 
-// What screen readers were told last where no control took the focus: the page's notification.
-QString announced(FinalTestPage *p) {
-    for (QWidget *w : p->findChildren<QWidget *>()) {
+// What screen readers say by itself, where no control takes the focus: the notifications shown.
+QString announced(QWidget *screen) {
+    QStringList said;
+    for (QWidget *w : screen->findChildren<QWidget *>()) {
         QAccessibleInterface *iface = QAccessible::queryAccessibleInterface(w);
         if (iface->role() == QAccessible::Notification && !w->isHidden())
-            return iface->text(QAccessible::Name);
+            said << iface->text(QAccessible::Name);
     }
-    return {};
+    return said.join(u' ');
 }
 
 } // namespace
@@ -318,6 +319,14 @@ private Q_SLOTS:
         QCOMPARE(shown(), u""_s);
         QTest::keyClicks(zens->thresholdEdits[0], keys);
         QCOMPARE(shown(), seen);
+        // The focus stays in the box; a screen reader says the hints by themselves.
+        const QString nonsense =
+            u"Hinweis: Diese Eingabe war unsinnig und wurde automatisch gelöscht."_s;
+        const QString blank =
+            u"Hinweis: Diese Eingabe wurde automatisch gelöscht. Bitte keine Leerzeichen eingeben."_s;
+        QCOMPARE(announced(zens), seen.contains(u"blank")      ? nonsense + u' ' + blank
+                                  : seen.contains(u"nonsense") ? nonsense
+                                                               : QString());
         // The hints stay until the scale is opened for editing again, which an OK allows.
         QTest::keyClicks(zens->thresholdEdits[1], u"5"_s);
         QTest::mouseClick(zens->okButtons[1], Qt::LeftButton);
