@@ -190,6 +190,8 @@ private:
 };
 
 QAccessibleInterface *programmeControls(const QString &, QObject *object) {
+    if (!object || !object->isWidgetType())
+        return nullptr;
     if (auto *picture = qobject_cast<Picture *>(object))
         return new WholeText(picture);
     if (auto *field = qobject_cast<QLineEdit *>(object))
