@@ -68,7 +68,8 @@ def work_to_page_3_and_resume_there(ui, checks):
     window = ui.window(e2e.page_caption(3))
     checks.check(True, "the third topic of the control centre opens page 3")
     ui.one(window, "push button", "Beenden").do("Press")
-    ui.one(window, "push button", "... hier weiterarbeiten").do("Press")
+    ui.one(window, "push button",
+           "Ich möchte beim nächsten Programmstart hier weiterarbeiten").do("Press")
 
 
 def solve_final_test_and_grade(ui, window):
