@@ -138,14 +138,19 @@ class Listen:
         self.c.check(ok, what, "Orca said " + repr(self.orca.said[since:]))
         return self.orca.said[since:]
 
-    def flat_review(self, up, down):
-        """Orca's flat review of the window: `up` lines up from the focus, then `down` lines down;
-        the lines it read, whitespace made single."""
+    def open_menu(self, key, first_entry):
+        """Opens a menu; its entries are chosen once Orca has read the first."""
+        self.hear([key], [starting(first_entry)], f"{key} opens a menu at {first_entry!r}")
+
+    def flat_review(self, lines):
+        """Orca's flat review of the window, `lines` lines up from the focus (keypad 7, Orca's
+        desktop layout): the lines it read, whitespace made single."""
         since = self.orca.mark()
         self.ui.key("KP_Subtract")
-        for key in ["KP_Home"] * up + ["KP_Page_Up"] * down:
-            self.ui.key(key)
-            time.sleep(0.15)
+        for _ in range(lines):
+            before = self.orca.mark()
+            self.ui.key("KP_Home")
+            self.orca.wait(before, [re.compile(".*", re.S)], 2)
         self.ui.key("KP_Subtract")
         self.orca.wait(since, [starting("Leaving flat review")], 3)
         return [" ".join(line.split()) for line in self.orca.said[since:]]
@@ -171,10 +176,10 @@ def walk(listen):
             "the start screen's button is read with the subtitle",
             "Orca said " + repr(orca.said))
     listen.hear(["Return"], [control("Lernprogramm-Start", "push button"),
-                             said("Wo möchtest du starten? Du kannst das Lernprogramm ganz von vorn "
-                                  "beginnen: Klicke dazu auf „Lernprogramm-Start“. Du kannst aber "
-                                  "auch an jeder beliebigen Stelle einsteigen: Klicke dazu unten "
-                                  "auf das gewünschte Thema.")],
+                             said("Wo möchtest du starten? Du kannst das Lernprogramm ganz von "
+                                  "vorn beginnen: Klicke dazu auf „Lernprogramm-Start“. Du kannst "
+                                  "aber auch an jeder beliebigen Stelle einsteigen: Klicke dazu "
+                                  "unten auf das gewünschte Thema.")],
                 "the control centre's question and instruction are read on arrival")
 
     c.section("page 1")
@@ -198,7 +203,7 @@ def walk(listen):
                 "answer", repr(verdict))
     c.info("page 1, wrong answer: " + " | ".join(heard[-2:]))
 
-    lines = listen.flat_review(up=8, down=0)
+    lines = listen.flat_review(8)
     for line in ("Frage: 1. Welche zwei Voraussetzungen müssen vorhanden sein, damit Strom fließt?",
                  "Bemerkungen: Falsch! Das elektrische Feld"):
         c.check(any(line in read for read in lines), f"flat review reads {line!r}",
@@ -206,24 +211,27 @@ def walk(listen):
 
     listen.hear(["Return"], [control("Antwort", "text"), page1_question(1)],
                 "page 1, \"Aufgabe wiederholen\": the answer field is read with the question again")
-    listen.hear([], [control("Nächste Frage", "push button"), starting("Richtig! Punkte: 1 von 2.")],
+    listen.hear([], [control("Nächste Frage", "push button"),
+                     starting("Richtig! Punkte: 1 von 2.")],
                 "page 1, \"c\": \"Richtig!\" and the points are read with \"Nächste Frage\"",
                 typed="c")
     listen.hear(["Return"], [control("Antwort", "text"), page1_question(2)],
                 "page 1, \"Nächste Frage\": question 2 and its options are read")
 
     c.section("information screen")
-    listen.hear(["alt+i", "a"], [starting("Kelvora – Arbeitsweise dialog Arbeitsweise Auf den "
-                                          "Seiten 1 bis 10 stehen jeweils fünf Fragen"),
-                                 control("Schließen", "push button")],
+    listen.open_menu("alt+i", "Arbeitsweise")
+    listen.hear(["a"], [starting("Kelvora – Arbeitsweise dialog Arbeitsweise Auf den Seiten 1 bis "
+                                 "10 stehen jeweils fünf Fragen"),
+                        control("Schließen", "push button")],
                 "\"Arbeitsweise\" is read as it opens")
     listen.hear(["Escape"], [said("Kelvora – Seite 1 frame"), control("Antwort", "text"),
                              page1_question(2)],
                 "back on page 1 after Escape: the window, the field and the question")
 
     c.section("overview")
-    listen.hear(["alt+a", "w"], [control("Wo bin ich?", "panel"),
-                                 said("(Durch Anklicken einer Zeile kannst du dorthin springen.)")],
+    listen.open_menu("alt+a", "Erklärung Steuerbuttons")
+    listen.hear(["w"], [control("Wo bin ich?", "panel"),
+                     said("(Durch Anklicken einer Zeile kannst du dorthin springen.)")],
                 "the overview is read with its note as it opens")
     line = control("Seite 11 (Abschlusstest)", "push button")
     for _ in range(12):
