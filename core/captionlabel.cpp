@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "captionlabel.h"
 
+#include <QRegularExpression>
+
 QString captionOnScreen(const QString &caption, const BlankRuns &rule) {
     const QString text = rule.trim ? caption.trimmed() : caption;
     QString shown;
@@ -25,6 +27,17 @@ QString captionOnScreen(const QString &caption, const BlankRuns &rule) {
         i = end;
     }
     return shown;
+}
+
+QString captionSpoken(const QString &caption) {
+    // "Bemer-      kungen:": a word broken by hand for the original line width is one word
+    // again; "Auswahl-      Antworten:" keeps its hyphen.
+    static const QRegularExpression brokenWord(QStringLiteral("-\\s+(?=\\p{Ll})"));
+    static const QRegularExpression compound(QStringLiteral("-\\s+(?=\\p{Lu})"));
+    QString spoken = caption.simplified();
+    spoken.replace(brokenWord, QString());
+    spoken.replace(compound, QStringLiteral("-"));
+    return spoken;
 }
 
 WrappingLabel::WrappingLabel(const QString &text, QWidget *parent)
@@ -60,5 +73,5 @@ CaptionLabel::CaptionLabel(const QString &caption, const BlankRuns &rule, QWidge
 void CaptionLabel::setCaption(const QString &caption) {
     caption_ = caption;
     setText(captionOnScreen(caption, rule_));
-    setAccessibleName(caption.simplified());
+    setAccessibleName(captionSpoken(caption));
 }

@@ -17,6 +17,9 @@ struct BlankRuns {
 };
 
 QString captionOnScreen(const QString &caption, const BlankRuns &rule);
+// The caption as a screen reader reads it: every run of blanks one blank, a word broken by hand
+// whole again.
+QString captionSpoken(const QString &caption);
 
 // A label that remembers the height its text needs at each width. Layouts ask again each time a
 // control near it appears or goes, and a word-wrapped label would lay its text out anew each
@@ -35,7 +38,7 @@ private:
 };
 
 // A label that keeps its caption exactly as the programme has it and shows it by its blank-run
-// rule. A screen reader reads the caption with every run of blanks as one blank.
+// rule. A screen reader reads it as captionSpoken() gives it.
 class CaptionLabel : public WrappingLabel {
     Q_OBJECT
 public:

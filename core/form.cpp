@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "form.h"
 
+#include "accessibility.h"
 #include "keyboard.h"
 #include "screens.h"
 #include "zoom.h"
@@ -85,6 +86,7 @@ Form::Form(ScreenId id, QWidget *parent)
     , zoom_(new Zoom(this))
     , frame_(new PageFrame(this))
     , page_(new QWidget(frame_)) {
+    Accessibility::install();
     setAttribute(Qt::WA_DeleteOnClose, false);
     // The screen paints its whole window in its page's colour, the band around the page too.
     setAutoFillBackground(true);
@@ -222,6 +224,10 @@ bool Form::event(QEvent *e) {
             watchedWindow_->installEventFilter(this);
         }
         applyZoom();
+        break;
+    case QEvent::WindowTitleChange:
+        // The caption's blanks place the title on the caption bar; a listener hears it without.
+        setAccessibleName(Accessibility::spokenCaption(windowTitle()));
         break;
     case QEvent::Polish:
         // Before the screen first shows, its controls are complete: they take their reading order.

@@ -284,6 +284,11 @@ void PageBase::buildExitFrame(QWidget *central) {
                                 QStringLiteral("Command10"), exitFrame);
     stayButton = panelButton(QStringLiteral("Ich möchte nicht beenden"),
                              QStringLiteral("Command12"), exitFrame);
+    // A listener hears the two choices as the sentences they finish.
+    for (QPushButton *choice : {resumeButton, restartButton}) {
+        choice->setAccessibleName(exitHeading->text().chopped(3).trimmed() +
+                                  choice->text().mid(QStringLiteral("...").size()));
+    }
     Zoom &z = zoom();
     auto *layout = new QVBoxLayout(exitFrame);
     z.setMargins(layout, 18);
@@ -338,8 +343,10 @@ void PageBase::buildOverview(QWidget *central) {
         overviewFrame);
 
     // The line of this page has the focus: the pupil sees where they are, and choosing it is
-    // harmless (jumpToPage).
+    // harmless (jumpToPage). A screen reader says the note with it and with "Schließen".
     new FocusOnShow(overviewFrame, harmlessControl(overviewFrame));
+    for (QWidget *w : {harmlessControl(overviewFrame), static_cast<QWidget *>(overviewCloseButton)})
+        w->setAccessibleDescription(overviewNote->text());
     overviewBorder->hide();
     overviewFrame->hide();
 }

@@ -112,7 +112,12 @@ QString plainTextOf(const QString &html) {
     static RunCache<QString, QString> texts;
     if (const QString *known = texts.find(html))
         return *known;
-    QString text = QTextDocumentFragment::fromHtml(html).toPlainText();
+    // An image that stands for a button is read by its name.
+    static const QRegularExpression named(
+        QStringLiteral(R"(<img\s[^>]*alt=["']([^"']*)["'][^>]*>)"));
+    QString source = html;
+    source.replace(named, QStringLiteral(" \\1 "));
+    QString text = QTextDocumentFragment::fromHtml(source).toPlainText();
     text.remove(QChar::ObjectReplacementCharacter);
     text = text.simplified();
     texts[html] = text;

@@ -71,6 +71,8 @@ QAccessibleInterface *accessibleWindowOfPages(const QString &, QObject *object) 
         return new QAccessibleWidget(window, QAccessible::Window);
     if (auto *form = qobject_cast<Form *>(object); form && replacesScreen(form->screenId()))
         return new QAccessibleWidget(form, QAccessible::Client);
+    if (auto *form = qobject_cast<Form *>(object))
+        return new QAccessibleWidget(form, QAccessible::Dialog);
     return nullptr;
 }
 
@@ -362,6 +364,7 @@ Form *Screens::show(ScreenId id) {
     if (form->parentWidget()) {
         QWidget *window = form->window();
         window->setWindowTitle(form->windowTitle());
+        window->setAccessibleName(form->accessibleName());
         window->show();
         window->raise();
         focusFirstControl(form);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "finaltestpage.h"
 
+#include "accessibility.h"
 #include "captionlabel.h"
 #include "course.h"
 #include "gradescale.h"
@@ -115,6 +116,8 @@ QGroupBox *FinalTestPage::buildQuestion(int k, QWidget *parent) {
     auto *text = new CaptionLabel(question.text, kCaptionRuns, frame);
     text->setText(questionOnScreen(question.text));
     text->setAccessibleName(questionOnScreen(question.text).remove(QChar(0x00AD)));
+    // The options are read with their question: the frame is their label.
+    frame->setAccessibleName(question.frame + QStringLiteral(": ") + text->accessibleName());
     text->setObjectName(QStringLiteral("Label2_%1").arg(k));
     text->setWordWrap(true);
     z.setFixedWidth(text, 184);
@@ -256,7 +259,7 @@ void FinalTestPage::buildControls() {
 
     auto *buttons = new QHBoxLayout;
     previousPageButton = new QPushButton(QStringLiteral("<<"), central);
-    previousPageButton->setAccessibleName(QStringLiteral("Zurück zu Seite 10 (<<)"));
+    previousPageButton->setAccessibleName(QStringLiteral("Zurück zu Seite 10"));
     previousPageButton->setToolTip(QStringLiteral("Zurück zu Seite 10"));
     z.setMinimumSize(previousPageButton, {50, 50});
     restartTestButton = pictureButton(QStringLiteral(":/button-repeat.svg"),
@@ -276,6 +279,12 @@ void FinalTestPage::buildControls() {
     setActive(endPageButton, false);
     setActive(restartTestButton, false);
     setActive(gradeButton, false);
+    // A screen reader says the page, the title and the instruction with the option that has the
+    // focus on arrival.
+    optionButtons[0]->setAccessibleDescription(QStringLiteral("Seite %1. %2. %3")
+                                                   .arg(QString::number(pageNumber()),
+                                                        titleLabel->text(),
+                                                        instructionLabel->accessibleName()));
 
     halfChangeTimer = new QTimer(this);
     halfChangeTimer->setInterval(kHalfChangeMs);
@@ -377,6 +386,14 @@ void FinalTestPage::onOptionClicked(int index) {
     optionButtons[i]->setAccessibleDescription(verdictLabels[i]->text());
 
     const bool right = verdictLabels[i]->text() == QStringLiteral("Richtig");
+    // A screen reader says the verdict and the points at once: the option keeps the focus, or the
+    // next question takes it.
+    Accessibility::announce(page(),
+                            verdictLabels[i]->text() +
+                                (right ? QStringLiteral(", ") + kSolvedDescription : QString()) +
+                                QStringLiteral(". Punkte: %1 von %2. Gesamtpunkte: %3 von %4.")
+                                    .arg(lastScoreLabel->text(), triesLabel->text(),
+                                         totalCorrectLabel->text(), totalAnsweredLabel->text()));
     // A pupil who answered from the keyboard goes on with the next question; the focus does not
     // fall to whatever control follows the solved one.
     const bool focusInQuestion = right && questionFrames[q]->isAncestorOf(focusWidget());
@@ -398,6 +415,10 @@ void FinalTestPage::onOptionClicked(int index) {
         setActive(endPageButton, true);
         setActive(gradeButton, true);
         setActive(restartTestButton, true);
+        gradeButton->setAccessibleDescription(
+            QStringLiteral("Test beendet: %1 Punkte von %2 Punkten")
+                .arg(course.testCorrectCount)
+                .arg(course.testAnsweredCount));
         gradeButton->setFocus();
         printButton->setVisible(true);
         instructionLabel->setVisible(false);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gradescale.h"
 
+#include "accessibility.h"
 #include "captionlabel.h"
 #include "course.h"
 #include "grading.h"
@@ -129,6 +130,8 @@ GradeScaleScreen::GradeScaleScreen(QWidget *parent)
             new CaptionLabel(h == 0 ? kNonsenseHint : kBlankHint, kCaptionRuns, central);
         hintLabels[h]->setObjectName(QStringLiteral("Label3_%1").arg(h));
         setTextColour(hintLabels[h], Theme::kWrong);
+        // The focus stays in the box: a screen reader says the hint as it appears.
+        Accessibility::sayWhenShown(hintLabels[h]);
         hintLabels[h]->hide();
         hints->addWidget(hintLabels[h]);
     }

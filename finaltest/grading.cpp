@@ -44,6 +44,8 @@ void gradeTest() {
     if (auto *page = Screens::loaded<FinalTestPage>(ScreenId::FinalTest)) {
         page->gradeLabel->setText(grade);
         page->gradeLabel->setVisible(true);
+        // A screen reader says the grade with the button that takes the focus.
+        page->endPageButton->setAccessibleDescription(grade.simplified());
         page->endPageButton->setFocus();
     }
 

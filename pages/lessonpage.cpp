@@ -213,7 +213,7 @@ void LessonPage::buildControls() {
 
     auto *buttons = new QHBoxLayout;
     previousPageButton = new QPushButton(QStringLiteral("<<"), central);
-    previousPageButton->setAccessibleName(QStringLiteral("Eine Seite zurück (<<)"));
+    previousPageButton->setAccessibleName(QStringLiteral("Eine Seite zurück"));
     previousPageButton->setToolTip(QStringLiteral("Eine Seite zurück"));
     z.setMinimumSize(previousPageButton, {56, 56});
     nextQuestionButton = pictureButton(QStringLiteral(":/button-next.svg"),
@@ -221,7 +221,7 @@ void LessonPage::buildControls() {
     retryButton = pictureButton(QStringLiteral(":/button-repeat.svg"),
                                 QStringLiteral("Aufgabe wiederholen"), central, 40);
     nextPageButton = new QPushButton(QStringLiteral(">>"), central);
-    nextPageButton->setAccessibleName(QStringLiteral("Eine Seite weiter (>>)"));
+    nextPageButton->setAccessibleName(QStringLiteral("Eine Seite weiter"));
     nextPageButton->setToolTip(QStringLiteral("Eine Seite weiter"));
     z.setMinimumSize(nextPageButton, {56, 56});
     pointsHeading = new QLabel(QStringLiteral("Punkte:"), central);
@@ -240,6 +240,7 @@ void LessonPage::buildControls() {
     grid->addLayout(buttons, 5, 0, 1, 3);
     setActive(nextQuestionButton, false);
     setActive(retryButton, false);
+    answerEdit->setAccessibleDescription(spokenQuestion());
 
     paceTimer = new QTimer(this);
 
@@ -321,6 +322,12 @@ void LessonPage::evaluateAnswer() {
         }
     }
 
+    // A screen reader says the verdict, the pace note and the points with the button that takes
+    // the focus now.
+    const QString verdict = spokenVerdict();
+    nextQuestionButton->setAccessibleDescription(course.answerCorrectFlag != 0 ? verdict
+                                                                               : QString());
+    retryButton->setAccessibleDescription(course.answerCorrectFlag != 0 ? QString() : verdict);
     if (course.answerCorrectFlag != 0) {
         setActive(nextQuestionButton, true);
         nextQuestionButton->setFocus();
@@ -344,8 +351,10 @@ void LessonPage::nextQuestion() {
         optionPictures[i + 1]->show();
         optionPictures[i]->hide();
     }
-    answerEdit->clear();
+    answerEdit->setAccessibleDescription(spokenQuestion());
+    // The field takes the focus before it is emptied: a screen reader then says the question.
     answerEdit->setFocus();
+    answerEdit->clear();
     setActive(retryButton, false);
     for (int i = 0; i <= info_.highestFeedbackIndex; ++i)
         feedbackPictures.at(i)->hide();
@@ -369,12 +378,35 @@ void LessonPage::nextPage() {
 }
 
 void LessonPage::retry() {
-    answerEdit->clear();
     answerEdit->setFocus();
+    answerEdit->clear();
     for (int i = 0; i <= info_.highestFeedbackIndex; ++i)
         feedbackPictures.at(i)->hide();
     setActive(retryButton, false);
     course.answerEvaluated = 0;
+}
+
+QString LessonPage::spokenQuestion() const {
+    for (std::size_t i = 0; i < questionPictures.size(); ++i) {
+        if (!questionPictures[i]->isHidden()) {
+            return QStringLiteral("Seite %1. %2 %3")
+                .arg(QString::number(info_.number), questionPictures[i]->plainText(),
+                     optionPictures[i]->plainText());
+        }
+    }
+    return {};
+}
+
+QString LessonPage::spokenVerdict() const {
+    QStringList parts;
+    for (const Picture *picture : feedbackPictures) {
+        if (!picture->isHidden())
+            parts << picture->plainText();
+    }
+    parts << QStringLiteral("Punkte:") + pointsText() + QLatin1Char('.');
+    if (!paceNote->isHidden())
+        parts << paceNote->accessibleName();
+    return parts.join(QLatin1Char(' '));
 }
 
 void LessonPage::focusAfterOverview() {

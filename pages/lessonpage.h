@@ -77,6 +77,11 @@ private:
     void findCurrentQuestion();
     void checkAnswerPace(int minimumSeconds);
     bool anyVisible(const std::vector<int> &pictures) const;
+    // What a screen reader says with the answer field: the page, the question and its options.
+    QString spokenQuestion() const;
+    // What it says with the button that takes the focus after an answer: the verdict with its
+    // hint, the points and the pace note.
+    QString spokenVerdict() const;
     void buildControls();
 
     const PageInfo &info_;

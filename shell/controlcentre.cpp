@@ -138,6 +138,10 @@ ControlCentre::ControlCentre(QWidget *parent)
     // Room on both sides of the caption, whatever the font.
     z.setMinimumSize(startButton, {224, 48});
     setBackColour(startButton, Theme::activeButton());
+    // A screen reader says the question and the instruction with the button that has the focus on
+    // arrival.
+    startButton->setAccessibleDescription(titleLabel->text() + QLatin1Char(' ') +
+                                          instructionPicture->plainText());
 
     topicFrame = new QGroupBox(QStringLiteral("Kelvora"), central);
     z.setFont(topicFrame, 1.2);

@@ -41,6 +41,8 @@ EndPage::EndPage(QWidget *parent)
 
     backButton = new QPushButton(QStringLiteral("Zurück"), central);
     quitButton = new QPushButton(QStringLiteral("Ende"), central);
+    // A screen reader says the end with the button that has the focus on arrival.
+    backButton->setAccessibleDescription(endPicture->plainText());
     for (QPushButton *button : {backButton, quitButton}) {
         z.setFont(button, 1.33);
         z.setMinimumSize(button, {140, 44});

@@ -60,6 +60,8 @@ StartScreen::StartScreen(QWidget *parent)
     z.setMinimumSize(continueButton, {160, 44});
     z.setFont(continueButton, 1.45);
     continueButton->setDefault(true);
+    // A screen reader says the subtitle with the button that has the focus on arrival.
+    continueButton->setAccessibleDescription(subtitleLabel->text());
 
     layout->addWidget(titleLabel);
     layout->addWidget(subtitleLabel);

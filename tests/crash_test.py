@@ -101,15 +101,20 @@ class Programme:
                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self.pid = self.process.pid
         app = wait_for("the programme in the accessibility tree", self._application)
-        frame = wait_for("page 11", lambda: self._page(app))
-        self.questions = {}
-        for panel in wait_for("the ten questions",
-                              lambda: find_all(frame, pyatspi.ROLE_PANEL) or None):
-            m = re.fullmatch(r"Aufgabe (\d+)", panel.name or "")
+        self.frame = wait_for("page 11", lambda: self._page(app))
+        questions = wait_for("the ten questions", lambda: self._questions() or None)
+        if len(questions) != 10:
+            raise Failure("page 11 shows %d questions, not 10" % len(questions))
+
+    def _questions(self):
+        """The questions by number. A question that appears is read afresh, under a new
+        identity, so they are looked up again for every click."""
+        questions = {}
+        for panel in find_all(self.frame, pyatspi.ROLE_PANEL):
+            m = re.match(r"Aufgabe (\d+): ", panel.name or "")
             if m:
-                self.questions[int(m.group(1))] = panel
-        if len(self.questions) != 10:
-            raise Failure("page 11 shows %d questions, not 10" % len(self.questions))
+                questions[int(m.group(1))] = panel
+        return questions
 
     def _application(self):
         desktop = pyatspi.Registry.getDesktop(0)
@@ -131,12 +136,12 @@ class Programme:
 
     def click(self, question, caption):
         """Clicks the option once it is on screen."""
-        options = find_all(self.questions[question], pyatspi.ROLE_RADIO_BUTTON, caption)
-        if len(options) != 1:
-            raise Failure("question %d has %d options %r" % (question, len(options), caption))
-        option = options[0]
-
         def on_screen():
+            panel = self._questions().get(question)
+            options = find_all(panel, pyatspi.ROLE_RADIO_BUTTON, caption) if panel else []
+            if len(options) != 1:
+                return None
+            option = options[0]
             states = option.getState()
             if not (states.contains(pyatspi.STATE_SHOWING)
                     and states.contains(pyatspi.STATE_ENABLED)):

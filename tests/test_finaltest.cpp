@@ -10,6 +10,7 @@
 #include "testsupport.h"
 #include "theme.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QGroupBox>
 #include <QLabel>
@@ -67,6 +68,17 @@ QString glance(FinalTestPage *p) {
 
 const QByteArray kDate = "03.04.2026 09:05:07\r\n"; // leading zeros, whatever the locale
 
+// What screen readers say by itself, where no control takes the focus: the notifications shown.
+QString announced(QWidget *screen) {
+    QStringList said;
+    for (QWidget *w : screen->findChildren<QWidget *>()) {
+        QAccessibleInterface *iface = QAccessible::queryAccessibleInterface(w);
+        if (iface->role() == QAccessible::Notification && !w->isHidden())
+            said << iface->text(QAccessible::Name);
+    }
+    return said.join(u' ');
+}
+
 } // namespace
 
 class TestFinalTest : public QObject {
@@ -115,31 +127,38 @@ private Q_SLOTS:
     void resultLog_data() {
         QTest::addColumn<QString>("steps");
         QTest::addColumn<QByteArray>("expected");
-        QTest::addColumn<QString>("totals"); // Label7 "von" Label9 after the last step
+        QTest::addColumn<QString>("totals");    // Label7 "von" Label9 after the last step
+        QTest::addColumn<QString>("announced"); // after the last click
 
         // The end of the log: the totals after an empty line (after wrong clicks in question
         // 10, two: the end-to-end test).
         QTest::newRow("question 10 without a wrong click, its second right option")
             << u"0 7 9 14 17 20 26 29 33 39"_s
             << kLastQuestion + "    Schalter - Richtig\r\n\r\n 10 Punkte von 10 Punkten\r\n" + kDate
-            << u"10/10"_s;
+            << u"10/10"_s
+            << u"Richtig, Aufgabe gelöst. Punkte: 1 von 1. Gesamtpunkte: 10 von 10."_s;
         QTest::newRow("re-activation in question 1 creates the log anew")
             << u"2 a 3 0"_s
             << logOf({"    Ionen und freie Elektronen - Falsch\r\n"
                       "    freie Elektronen - Richtig\r\n"})
-            << u"1/3"_s;
+            << u"1/3"_s << u"Richtig, Aufgabe gelöst. Punkte: 1 von 3. Gesamtpunkte: 1 von 3."_s;
         QTest::newRow("a return to an option; re-activation in question 2 repeats its heading")
             << u"0 4 5 4 a 7"_s
             << logOf({"    freie Elektronen - Richtig\r\n",
                       "    freie Elektronen - Falsch\r\n    freie Elektronen und L\xf6"
                       "cher - Falsch\r\n    freie Elektronen - Falsch\r\n" +
                           kQuestion[1] + "    Ionen und freie Elektronen - Richtig\r\n"})
-            << u"2/5"_s;
+            << u"2/5"_s << u"Richtig, Aufgabe gelöst. Punkte: 1 von 4. Gesamtpunkte: 2 von 5."_s;
         QTest::newRow("restart truncates the log at the first click")
             << u"2 0 4 r 1 0"_s
             << logOf({"    freie Elektronen und L\xf6"
                       "cher - Falsch\r\n    freie Elektronen - Richtig\r\n"})
-            << u"1/2"_s;
+            << u"1/2"_s << u"Richtig, Aufgabe gelöst. Punkte: 1 von 2. Gesamtpunkte: 1 von 2."_s;
+        QTest::newRow("a wrong click")
+            << u"0 5"_s
+            << kQuestion[1] + "    freie Elektronen und L\xf6"
+                              "cher - Falsch\r\n"
+            << u"1/2"_s << u"Falsch. Punkte: 0 von 1. Gesamtpunkte: 1 von 2."_s;
     }
 
     // NOLINTEND(bugprone-suspicious-missing-comma)
@@ -148,12 +167,14 @@ private Q_SLOTS:
         QFETCH(QString, steps);
         QFETCH(QByteArray, expected);
         QFETCH(QString, totals);
+        QFETCH(QString, announced);
         FinalTestPage *page = openPage();
         QVERIFY(page);
         page = run(page, steps);
         const QByteArray log = programme->read(u"TestergebnisQel.doc"_s);
         QCOMPARE(expected.startsWith("Aufgabe") ? log.right(expected.size()) : log, expected);
         QCOMPARE(page->totalCorrectLabel->text() + u'/' + page->totalAnsweredLabel->text(), totals);
+        QCOMPARE(::announced(page), announced);
         // The log is on disk as each line is written, also while it is still open.
         QCOMPARE(ResultLog::isOpen(), !expected.contains("Punkte von"));
     }
@@ -164,6 +185,10 @@ private Q_SLOTS:
         FinalTestPage *page = openPage();
         QCOMPARE(page->viewMenu->actions().size(), 2); // no "Punktanzeige"
         QCOMPARE(glance(page), u"1 Image1 Label17 mnuSteuer Timer2"_s);
+        // A screen reader reads the options with their question, the word broken by hand whole.
+        QCOMPARE(
+            page->questionFrames[1]->accessibleName(),
+            u"Aufgabe 2: Welche Ladungsträger leiten nach Stoßionisation in Gasen den Strom?"_s);
         run(page, u"0 7"_s);
         QCOMPARE(glance(page), u"(1) (2) 3 Label17 Command4 Timer2"_s);
         run(page, u"9 14 16"_s);
@@ -175,6 +200,8 @@ private Q_SLOTS:
         run(page, u"20 26 29 33 39"_s);
         QCOMPARE(glance(page),
                  u"(6) (7) (8) (9) (10) Command7 Command1 Command4 Command5 Timer2"_s);
+        QCOMPARE(page->gradeButton->accessibleDescription(),
+                 u"Test beendet: 10 Punkte von 11 Punkten"_s);
         QVERIFY(!ResultLog::isOpen());
         QTest::mouseClick(page->endPageButton, Qt::LeftButton);
         QCOMPARE(Screens::activeScreen()->screenId(), ScreenId::EndPage);
@@ -229,6 +256,13 @@ private Q_SLOTS:
                                  course.gradeMin2, course.gradeMin1}),
                      (QList<int>{50, 60, 70, 80, 90}));
             QCOMPARE(zens->thresholdEdits[0]->text() + zens->thresholdEdits[3]->text(), u"5080"_s);
+            // A screen reader reads a box's text as one run: "50", not "5".
+            QAccessibleTextInterface *box =
+                QAccessible::queryAccessibleInterface(zens->thresholdEdits[0])->textInterface();
+            int start = -1;
+            int end = -1;
+            box->attributes(1, &start, &end);
+            QCOMPARE(box->text(start, end), u"50"_s);
             QTest::mouseClick(zens->gradeButton, Qt::LeftButton);
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             QVERIFY(!Screens::loaded(ScreenId::GradeScale));
@@ -237,6 +271,7 @@ private Q_SLOTS:
         QCOMPARE(page->explanationEntry->isChecked(), !typed.isEmpty());
         QCOMPARE(page->gradeLabel->isVisible(), !grade.isEmpty());
         QCOMPARE(page->gradeLabel->text(), grade);
+        QCOMPARE(page->endPageButton->accessibleDescription(), grade.simplified());
         if (grade.isEmpty())
             QVERIFY(!QFile::exists(programme->path(u"ZensurQel.txt"_s)));
         else
@@ -282,6 +317,14 @@ private Q_SLOTS:
         QCOMPARE(shown(), u""_s);
         QTest::keyClicks(zens->thresholdEdits[0], keys);
         QCOMPARE(shown(), seen);
+        // The focus stays in the box; a screen reader says the hints by themselves.
+        const QString nonsense =
+            u"Hinweis: Diese Eingabe war unsinnig und wurde automatisch gelöscht."_s;
+        const QString blank =
+            u"Hinweis: Diese Eingabe wurde automatisch gelöscht. Bitte keine Leerzeichen eingeben."_s;
+        QCOMPARE(announced(zens), seen.contains(u"blank")      ? nonsense + u' ' + blank
+                                  : seen.contains(u"nonsense") ? nonsense
+                                                               : QString());
         // The hints stay until the scale is opened for editing again, which an OK allows.
         QTest::keyClicks(zens->thresholdEdits[1], u"5"_s);
         QTest::mouseClick(zens->okButtons[1], Qt::LeftButton);

@@ -9,6 +9,7 @@
 #include "testsupport.h"
 #include "theme.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QGroupBox>
 #include <QImage>
@@ -118,6 +119,9 @@ private Q_SLOTS:
         goToQuestion(prog, p, question);
         QCOMPARE(visible(p->questionPictures), QList<int>{question - 1});
         QCOMPARE(visible(p->optionPictures), QList<int>{question - 1});
+        // A screen reader says the page and the question with the answer field.
+        QVERIFY(p->answerEdit->accessibleDescription().startsWith(
+            u"Seite %1. %2. "_s.arg(page).arg(page * 5 - 5 + question)));
 
         type(prog, p, letter.toLower());
 
@@ -198,6 +202,8 @@ private Q_SLOTS:
         LessonPage *p = openPage(prog, page);
         QCOMPARE(p->pointsLabel->text(), first ? u" 0 von 0"_s : u" 7 von 9"_s);
         QVERIFY(p->paceNote->isHidden() && !p->paceTimer->isActive() && p->exitFrame->isHidden());
+        QCOMPARE(p->remarksHeading->accessibleName() + p->optionsHeading->accessibleName(),
+                 u"Bemerkungen:Auswahl-Antworten:"_s);
         for (QPushButton *button : {p->nextQuestionButton, p->retryButton, p->endButton}) {
             QVERIFY(!button->icon().isNull());
             QCOMPARE(button->toolTip(), button->accessibleName());
@@ -328,6 +334,17 @@ private Q_SLOTS:
         for (QPushButton *button :
              {page->previousPageButton, page->nextPageButton, page->endButton})
             QCOMPARE(button->isEnabled(), !note);
+        // What a screen reader says with the control that has the focus: the question with the
+        // empty field, else the verdict, the points and the pace note with its button.
+        const QString said = page->focusWidget()->accessibleDescription();
+        if (pictures.isEmpty()) {
+            QCOMPARE(page->focusWidget(), page->answerEdit);
+            QVERIFY2(said.startsWith(u"Seite 1. 1. Welche zwei Voraussetzungen"), qPrintable(said));
+        } else {
+            const QString verdict = page->feedbackPictures.at(pictures.last())->plainText();
+            QVERIFY2(said.startsWith(verdict + u" Punkte:"_s + points + u'.'), qPrintable(said));
+            QCOMPARE(said.endsWith(u"Du arbeitest also zu hastig!"), note);
+        }
         if (!note)
             return;
         QCOMPARE(page->endButton->palette().color(QPalette::Button), Theme::buttonFace());
@@ -411,6 +428,10 @@ private Q_SLOTS:
         QCOMPARE(shown->plainText(), text);
         const QString read = description.isEmpty() ? text : text + u' ' + description;
         QCOMPARE(shown->accessibleName().left(description.isEmpty() ? -1 : read.size()), read);
+        QAccessibleInterface *iface =
+            QAccessible::queryAccessibleInterface(const_cast<Picture *>(shown));
+        QVERIFY(iface->role() == QAccessible::StaticText && iface->childCount() == 0);
+        QCOMPARE(iface->text(QAccessible::Name), shown->accessibleName());
         QVERIFY2(shown->html().contains(markup), qPrintable(shown->html()));
         if (description.isEmpty())
             return;

@@ -10,6 +10,7 @@
 #include "shell.h"
 #include "testsupport.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QPointer>
@@ -104,9 +105,11 @@ private Q_SLOTS:
         QTest::addColumn<MenuEntry>("entry");
         QTest::addColumn<QString>("caption");
         QTest::addColumn<QString>("fragments"); // in the order the picture shows them
+        // A screen reader reads the caption without the blanks and the icons by their names.
         QTest::addRow("Arbeitsweise")
             << int(ScreenId::WorkingMethod) << &PageBase::workingMethodEntry
-            << u"Kelvora"_s + QString(109, u' ') + u"Arbeitsweise"_s << u"Wo bin ich?"_s;
+            << u"Kelvora"_s + QString(109, u' ') + u"Arbeitsweise"_s
+            << u"Aufgabe wiederholen War die Antwort falsch|Nächste Frage War sie|Wo bin ich?"_s;
         QTest::addRow("Autor") << int(ScreenId::Author) << &PageBase::authorEntry
                                << u"Kelvora"_s + QString(100, u' ') + u"Autor und Version"_s
                                << QStringLiteral("Autor: Kelvora-Team|Version: " KELVORA_VERSION);
@@ -130,6 +133,14 @@ private Q_SLOTS:
         auto *info = Screens::loaded<InfoScreen>(id);
         QVERIFY(info);
         QCOMPARE(info->windowTitle(), caption);
+        // Screen readers read it as a dialog over the page, under its caption without the blanks,
+        // and say its text as it opens.
+        QAccessibleInterface *window = QAccessible::queryAccessibleInterface(info);
+        QCOMPARE(window->role(), QAccessible::Dialog);
+        QCOMPARE(window->text(QAccessible::Name), u"Kelvora – "_s + caption.simplified().mid(8));
+        QAccessibleInterface *picture = QAccessible::queryAccessibleInterface(info->picture);
+        QVERIFY(picture->role() == QAccessible::StaticText &&
+                picture->text(QAccessible::Name).startsWith(info->picture->plainText()));
         Screens::show(ScreenId::Page1);
         (page->*entry)->trigger(); // again: the one screen comes to the front
         QCOMPARE(Screens::loaded<InfoScreen>(id), info);

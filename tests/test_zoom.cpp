@@ -13,6 +13,7 @@
 #include "testsupport.h"
 #include "zoom.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QFontInfo>
 #include <QGroupBox>
@@ -246,6 +247,9 @@ private Q_SLOTS:
         QCOMPARE(after->size(), size);
         QCOMPARE(after->zoom().factor(), factor);
         QCOMPARE(window->windowTitle(), after->windowTitle());
+        QString title = after->windowTitle().simplified();
+        QCOMPARE(QAccessible::queryAccessibleInterface(window)->text(QAccessible::Name),
+                 title == u"Kelvora"_s ? title : title.replace(u"Kelvora "_s, u"Kelvora – "_s));
         VERIFY_FITS(after);
 
         // Restored, the window has its normal place and size.

@@ -9,7 +9,7 @@ build_packages=(cmake ninja-build g++ qt6-base-dev qt6-svg-dev libgl-dev
 test_packages=(xvfb xauth poppler-utils g++-mingw-w64-x86-64 xserver-xorg-core
     xserver-xorg-video-dummy x11-xserver-utils cups cups-client printer-driver-cups-pdf
     dpkg-dev file fakeroot lintian desktop-file-utils appstream clang-format clang-tidy
-    python3 python3-pyatspi at-spi2-core dbus dbus-x11 xdotool openbox x11-utils)
+    python3 python3-pyatspi at-spi2-core dbus dbus-x11 xdotool openbox x11-utils orca)
 # The sanitizer build and the fuzz targets: clang with its sanitizer and libFuzzer runtimes.
 sanitize_packages=(clang libclang-rt-dev)
 

@@ -40,22 +40,27 @@ SOURCE_ROOT = os.path.dirname(os.path.dirname(HERE))
 TITLE = "Kelvora"
 
 
-def caption(blanks, title):
-    return TITLE + " " * blanks + title
+def caption(title):
+    """A window caption as screen readers read it: the caption bar pushes the screen's own title
+    to its right end with a run of blanks, which the accessible name leaves out."""
+    return f"{TITLE} – {title}"
 
 
 START_CAPTION = TITLE
-CONTROL_CENTRE_CAPTION = caption(105, "Steuerzentrum")
+CONTROL_CENTRE_CAPTION = caption("Steuerzentrum")
 END_PAGE_CAPTION = TITLE
-WORKING_METHOD_CAPTION = caption(109, "Arbeitsweise")
-DISPLAY_MODE_CAPTION = caption(97, "Bildschirmauflösung")
-GRADE_SCALE_CAPTION = "Kelvora - Punktetabelle und Zensierung  "
+WORKING_METHOD_CAPTION = caption("Arbeitsweise")
+DISPLAY_MODE_CAPTION = caption("Bildschirmauflösung")
+GRADE_SCALE_CAPTION = "Kelvora - Punktetabelle und Zensierung"
 
 
 def page_caption(page):
-    if page <= 9:
-        return caption(116, f"Seite {page}")
-    return caption(114, f"Seite {page}")
+    return caption(f"Seite {page}")
+
+
+def caption_pattern(name):
+    """The window's caption bar title for its accessible name, as a regular expression."""
+    return "^" + " +".join(re.escape(part) for part in name.split(" – ")) + " *$"
 
 
 CONTROL_CENTRE_TOPICS = [
@@ -689,7 +694,7 @@ class Ui:
         if current.rstrip("\n") == target:
             return
         ids = self.session.run(["xdotool", "search", "--onlyvisible", "--name",
-                                "^" + re.escape(target) + "$"]).stdout.split()
+                                caption_pattern(target)]).stdout.split()
         if ids:
             self.session.run(["xdotool", "windowfocus", "--sync", ids[-1]])
             self.focus_fixes += 1
@@ -796,11 +801,11 @@ class Run:
 
     def feedback(self, window):
         return [n for n in self.ui.walk(window)
-                if n.role != "label" and n.name.startswith(VERDICT_OPENINGS)]
+                if n.role == "label" and n.name.startswith(VERDICT_OPENINGS)]
 
     def question_picture(self, window):
         hits = [n for n in self.ui.walk(window)
-                if n.role != "label" and re.match(r"\d+\. ", n.name)]
+                if n.role == "label" and re.match(r"\d+\. ", n.name)]
         return hits[0].name if len(hits) == 1 else f"<{len(hits)} question pictures>"
 
     def pace_note_shown(self, window):
@@ -847,7 +852,7 @@ class Run:
         the 5 s, so that the note's own timer cannot fall between the readings."""
         note = self.pace_note_shown(window)
         usable = {name: self.ui.one(window, "push button", name).has("sensitive")
-                  for name in ("Eine Seite zurück (<<)", "Eine Seite weiter (>>)", "Beenden")}
+                  for name in ("Eine Seite zurück", "Eine Seite weiter", "Beenden")}
         if time.monotonic() - typed_at > 4.0:
             self.c.info("the verdict came too late to read the pace note safely; not checked")
             return
@@ -859,19 +864,19 @@ class Run:
         """The pace note goes within 5 s and gives the page buttons back."""
         ok = self.ui.wait(lambda: not self.pace_note_shown(window) and all(
             self.ui.one(window, "push button", n).has("sensitive")
-            for n in ("Eine Seite zurück (<<)", "Eine Seite weiter (>>)", "Beenden")), 7)
+            for n in ("Eine Seite zurück", "Eine Seite weiter", "Beenden")), 7)
         self.c.check(bool(ok), "pace note gone and page buttons usable again within 5 s")
 
     def next_page(self, window, page, key="Return"):
         """">>" by keyboard; returns the next page's window."""
         ui = self.ui
         self.wait_page_buttons(window)
-        ui.tab_to(window, "push button", "Eine Seite weiter (>>)",
+        ui.tab_to(window, "push button", "Eine Seite weiter",
                   backwards=ui.focused(window) is not None and
                   ui.focused(window).name == "Beenden")
         title = page_caption(page + 1)
         return self.press_focused(
-            window, "push button", "Eine Seite weiter (>>)",
+            window, "push button", "Eine Seite weiter",
             lambda: next((w for w in ui.windows() if w.name == title), None),
             f"page {page + 1} opens", key=key)
 
@@ -949,7 +954,8 @@ class Run:
                           if n.role == "panel" and n.name == "Wie möchtest du beenden?"), None),
             "the exit frame opens")
         buttons = [n.name for n in ui.walk(panel) if n.role == "push button"]
-        self.c.equal(buttons, ["... hier weiterarbeiten", "... von vorn beginnen",
+        self.c.equal(buttons, ["Ich möchte beim nächsten Programmstart hier weiterarbeiten",
+                               "Ich möchte beim nächsten Programmstart von vorn beginnen",
                                "Ich möchte nicht beenden"], "exit frame buttons in reading order")
         self.c.check(any(n.role == "label" and n.name ==
                          "Ich möchte beim nächsten Programmstart ..." for n in ui.walk(panel)),
@@ -1030,7 +1036,7 @@ class Run:
                              ui.active_window().name == page_caption(page), 5),
                      f"page {page} is the active window",
                      f"active: {describe(ui.active_window())}")
-        pages = [w.name for w in ui.windows() if re.fullmatch(r"Kelvora +Seite \d+", w.name)]
+        pages = [w.name for w in ui.windows() if re.fullmatch(r"Kelvora – Seite \d+", w.name)]
         self.c.equal(pages, [page_caption(page)], "exactly this page's window is shown")
         self.expect_focus(window, "text", "Antwort", "answer field focused on arrival")
         self.c.check(self.question_picture(window).startswith(FIRST_QUESTION[page]),
@@ -1040,8 +1046,8 @@ class Run:
         self.c.equal(self.points_label(window), want, "points read on arrival")
         self.c.check(self.feedback(window) == [], "no verdict on arrival")
         names = [n.name for n in ui.walk(window) if n.role == "push button"]
-        self.c.equal(names, ["Eine Seite zurück (<<)", "Nächste Frage", "Aufgabe wiederholen",
-                             "Eine Seite weiter (>>)", "Beenden"],
+        self.c.equal(names, ["Eine Seite zurück", "Nächste Frage", "Aufgabe wiederholen",
+                             "Eine Seite weiter", "Beenden"],
                      "page buttons read by their function, in reading order")
         for name in ("Nächste Frage", "Aufgabe wiederholen"):
             self.c.check(not ui.one(window, "push button", name).has("sensitive"),
@@ -1058,8 +1064,8 @@ class Run:
         for _ in range(4):
             ui.key("Tab")
             order.append(describe(ui.focused(window)))
-        self.c.equal(order, ["push button 'Eine Seite zurück (<<)'",
-                             "push button 'Eine Seite weiter (>>)'", "push button 'Beenden'",
+        self.c.equal(order, ["push button 'Eine Seite zurück'",
+                             "push button 'Eine Seite weiter'", "push button 'Beenden'",
                              "text 'Antwort'"], "Tab goes round page 1 in reading order")
         self.c.check(any(n.role == "label" and n.name ==
                          " Antworte mit A, B oder C; du kannst auch a, b oder c eingeben."
@@ -1195,8 +1201,12 @@ class Run:
 
     def test_panel(self, window, question):
         frame = TEST_QUESTIONS[question][0]
-        return next((n for n in self.ui.walk(window) if n.role == "panel" and n.name == frame),
-                    None)
+        return next((n for n in self.ui.walk(window)
+                     if n.role == "panel" and n.name.startswith(frame + ": ")), None)
+
+    def questions_shown(self, window):
+        return [n.name.split(":")[0] for n in self.ui.walk(window) if n.role == "panel" and
+                n.name.startswith("Aufgabe ")]
 
     def option_rows(self, panel):
         """The options of a question with the verdict label read after each."""
@@ -1232,7 +1242,7 @@ class Run:
         self.c.check(any(n.role == "label" and n.name == "Abschlusstest"
                          for n in ui.walk(window)), "title \"Abschlusstest\" read")
         buttons = [n.name for n in ui.walk(window) if n.role == "push button"]
-        self.c.equal(buttons, ["Zurück zu Seite 10 (<<)", "Test neu beginnen", "Zensierung",
+        self.c.equal(buttons, ["Zurück zu Seite 10", "Test neu beginnen", "Zensierung",
                                "Weiter zur Schlussseite", "Beenden"],
                      "page 11 buttons read by their function")
         for name in ("Test neu beginnen", "Zensierung", "Weiter zur Schlussseite"):
@@ -1241,8 +1251,8 @@ class Run:
         self.c.check(not ui.all(window, "push button", "Ausdrucken und Lernprogramm beenden"),
                      "print button hidden before the test")
         self.c.equal(self.scores(window), ("1", "0 von 0", "0 von 0"), "score panel at start")
-        shown = [n.name for n in ui.walk(window) if n.role == "panel"]
-        self.c.equal(shown, ["Aufgabe 1"], "only question 1 is shown at start")
+        self.c.equal(self.questions_shown(window), ["Aufgabe 1"],
+                     "only question 1 is shown at start")
         self.check_names_readable(window, "page 11")
 
         correct = answered = tries = 0
@@ -1256,14 +1266,15 @@ class Run:
                              f"it came after {waited:.1f} s")
                 # The tree is read one property at a time, so wait for a reading that shows the
                 # change complete rather than one taken while the timer fired.
-                self.c.equal(self.settled(lambda: [n.name for n in ui.walk(window)
-                                                   if n.role == "panel"], ["Aufgabe 6"]),
+                self.c.equal(self.settled(lambda: self.questions_shown(window), ["Aufgabe 6"]),
                              ["Aufgabe 6"], "only question 6 is shown in the second half")
             if panel is None:
                 raise Abort(f"question {frame!r} is not shown")
             labels = [n.name for n in ui.walk(panel) if n.role == "label" and
                       n.name not in ("Richtig", "Falsch", frame)]
             self.c.equal(labels[:1], [question_on_screen(text)], f"{frame}: question read")
+            self.c.equal(panel.name, f"{frame}: {question_on_screen(text)}",
+                         f"{frame}: its options are read with the question")
             rows = self.option_rows(panel)
             self.c.equal([r[0].name for r in rows], options, f"{frame}: options read by their text")
             row = next(r for r in rows if r[0].name == option)

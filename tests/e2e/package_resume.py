@@ -62,13 +62,14 @@ def work_to_page_3_and_resume_there(ui, checks):
     """Start screen, control centre, page 3, "... hier weiterarbeiten", by AT-SPI actions."""
     window = ui.window(e2e.TITLE, timeout=20)
     ui.one(window, "push button", "Weiter").do("Press")
-    window = ui.window(e2e.caption(105, "Steuerzentrum"))
+    window = ui.window(e2e.caption("Steuerzentrum"))
     topic = ui.one(window, "radio button", "Fragen 11 bis 15 - Seite 3")
     topic.do(topic.actions()[0])
     window = ui.window(e2e.page_caption(3))
     checks.check(True, "the third topic of the control centre opens page 3")
     ui.one(window, "push button", "Beenden").do("Press")
-    ui.one(window, "push button", "... hier weiterarbeiten").do("Press")
+    ui.one(window, "push button",
+           "Ich möchte beim nächsten Programmstart hier weiterarbeiten").do("Press")
 
 
 def solve_final_test_and_grade(ui, window):
@@ -79,7 +80,7 @@ def solve_final_test_and_grade(ui, window):
     ui.one(window, "push button", "Seite 11 (Abschlusstest)").do("Press")
     window = ui.window(e2e.page_caption(11))
     for frame, _text, options, right in e2e.TEST_QUESTIONS:
-        panel = ui.wait(lambda: next(iter(ui.all(window, "panel", frame)), None), 8)
+        panel = ui.wait(lambda: next(iter(ui.all(window, "panel", prefix=frame + ": ")), None), 8)
         if panel is None:
             raise e2e.Abort(f"{frame} is not shown")
         option = ui.one(panel, "radio button", options[min(right)])
