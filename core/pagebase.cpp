@@ -337,8 +337,8 @@ void PageBase::buildOverview(QWidget *central) {
         },
         overviewFrame);
 
-    // The line of this page has the focus: the pupil sees where they are, and choosing it is
-    // harmless (jumpToPage).
+    // "Schließen" has the focus: a stray Enter or Space only closes the overview again, while
+    // a line, this page's too, loads its page afresh.
     new FocusOnShow(overviewFrame, harmlessControl(overviewFrame));
     overviewBorder->hide();
     overviewFrame->hide();
@@ -361,6 +361,13 @@ void PageBase::addExplanationTimers(int ms, const QString &hintName) {
 }
 
 void PageBase::openExitFrame() {
+    // One panel at a time: the exit frame takes the overview's place.
+    if (!overviewFrame->isHidden()) {
+        overviewBorder->hide();
+        overviewFrame->hide();
+    } else {
+        focusBeforePanel_ = focusWidget();
+    }
     exitFrame->show();
     exitCover->show();
     setBandTint(Theme::kExitCover);
@@ -381,13 +388,18 @@ void PageBase::closeExitFrame() {
     exitFrame->hide();
     exitCover->hide();
     setBandTint({});
-    if (!focusIntoPanel())
-        focusAfterExitFrame();
+    focusAfterExitFrame();
 }
 
 void PageBase::openOverview() {
-    if (overviewFrame->isHidden())
-        focusBeforeOverview_ = focusWidget();
+    // One panel at a time: the overview takes the exit frame's place.
+    if (!exitFrame->isHidden()) {
+        exitFrame->hide();
+        exitCover->hide();
+        setBandTint({});
+    } else if (overviewFrame->isHidden()) {
+        focusBeforePanel_ = focusWidget();
+    }
     overviewBorder->show();
     overviewFrame->show();
 }
@@ -395,25 +407,17 @@ void PageBase::openOverview() {
 void PageBase::closeOverview() {
     overviewBorder->hide();
     overviewFrame->hide();
-    if (!focusIntoPanel())
-        focusAfterOverview();
+    focusAfterOverview();
 }
 
 void PageBase::focusAfterOverview() {
-    if (focusBeforeOverview_ && focusBeforeOverview_->isEnabled() &&
-        focusBeforeOverview_->isVisibleTo(this))
-        focusBeforeOverview_->setFocus();
+    if (focusBeforePanel_ && focusBeforePanel_->isEnabled() && focusBeforePanel_->isVisibleTo(this))
+        focusBeforePanel_->setFocus();
 }
 
 void PageBase::jumpToPage(int index) {
-    // The line of the page the pupil is on only closes the overview, on every page: the page
-    // stays with its question and its counts. The overview opens with the focus on this line,
-    // and a pupil who presses Enter or Space there must not lose their points; page 1 is no
-    // exception. The course starts afresh from the control centre's "Lernprogramm-Start".
-    if (index == pageNumber_ - 1) {
-        closeOverview();
-        return;
-    }
+    // The line of this page loads it afresh: question 1 again, on page 1 with the counts at 0,
+    // on page 11 a new test.
     Screens::unload(this);
     if (index >= 0 && index <= 10)
         Screens::show(pageScreen(index + 1));
@@ -426,10 +430,6 @@ void PageBase::toggleExplanation() {
     } else {
         explanationPicture->show();
         explanationEntry->setChecked(true);
-        // The hint tells how to call the explanation back; with the explanation back it has done
-        // its work, and the two never stand one over the other.
-        if (explanationHint)
-            explanationHint->hide();
     }
 }
 
@@ -452,32 +452,15 @@ void PageBase::withdrawExplanation() {
 }
 
 QWidget *PageBase::panelInFront() const {
-    const bool overview = !overviewFrame->isHidden();
-    const bool exit = !exitFrame->isHidden();
-    if (overview && exit) {
-        // Both open: the one raised last lies in front.
-        const QObjectList &order = overviewFrame->parentWidget()->children();
-        return order.indexOf(overviewFrame) > order.indexOf(exitFrame) ? overviewFrame : exitFrame;
-    }
-    if (overview)
+    if (!overviewFrame->isHidden())
         return overviewFrame;
-    if (exit)
+    if (!exitFrame->isHidden())
         return exitFrame;
     return nullptr;
 }
 
 QWidget *PageBase::harmlessControl(const QWidget *panel) const {
-    if (panel == exitFrame)
-        return stayButton;
-    return overviewLines.at(static_cast<std::size_t>(qBound(1, pageNumber_, 11) - 1));
-}
-
-bool PageBase::focusIntoPanel() {
-    // With both panels opened, closing the one in front leaves the focus in the other.
-    QWidget *panel = panelInFront();
-    if (panel)
-        harmlessControl(panel)->setFocus();
-    return panel != nullptr;
+    return panel == exitFrame ? stayButton : overviewCloseButton;
 }
 
 bool PageBase::closeOnEscape() {

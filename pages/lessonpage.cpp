@@ -23,6 +23,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QTimer>
+#include <QVBoxLayout>
 
 #include <cmath>
 #include <memory>
@@ -205,11 +206,16 @@ void LessonPage::buildControls() {
     }
     grid->setRowStretch(3, 1);
 
-    grid->addWidget(explanationPicture, 4, 1, 1, 2);
+    // The hint below the explanation: the pupil may call the explanation back while the hint
+    // still shows.
+    auto *explanationColumn = new QVBoxLayout;
+    z.setSpacing(explanationColumn, 4);
+    explanationColumn->addWidget(explanationPicture);
     if (explanationHint) {
         explanationHint->setWordWrap(true);
-        grid->addWidget(explanationHint, 4, 1, 1, 2);
+        explanationColumn->addWidget(explanationHint);
     }
+    grid->addLayout(explanationColumn, 4, 1, 1, 2);
 
     auto *buttons = new QHBoxLayout;
     previousPageButton = new QPushButton(QStringLiteral("<<"), central);
