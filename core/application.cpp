@@ -43,9 +43,15 @@ public:
     void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
                      const QWidget *widget) const override {
         ZoomingStyle::drawControl(element, option, painter, widget);
-        // Fusion's push buttons draw no focus rectangle of their own.
-        if (element == CE_PushButton && (option->state & State_HasFocus))
-            drawFocusFrame(subElementRect(SE_PushButtonFocusRect, option, widget), painter, widget);
+        // Fusion's push buttons draw no focus rectangle of their own. A flat button (a line of
+        // the overview) has no bevel to keep the frame off: it is framed whole, around its text.
+        if (element == CE_PushButton && (option->state & State_HasFocus)) {
+            const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
+            const bool flat = button && (button->features & QStyleOptionButton::Flat);
+            drawFocusFrame(flat ? option->rect
+                                : subElementRect(SE_PushButtonFocusRect, option, widget),
+                           painter, widget);
+        }
     }
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,

@@ -108,6 +108,21 @@ int framePixels(QWidget *w) {
     return count;
 }
 
+// Pixels of the focus frame where a push button, without the focus, shows its text or icon (the
+// box around its dark pixels): the frame must keep off them.
+int frameOverContent(const QImage &focused, const QImage &unfocused) {
+    QRect content;
+    for (int y = 0; y < unfocused.height(); ++y)
+        for (int x = 0; x < unfocused.width(); ++x)
+            if (qGray(unfocused.pixel(x, y)) < 80)
+                content |= QRect(x, y, 1, 1);
+    int count = 0;
+    for (int y = content.top(); y <= content.bottom(); ++y)
+        for (int x = content.left(); x <= content.right(); ++x)
+            count += QColor(focused.pixel(x, y)) == Theme::kFocusFrame;
+    return count;
+}
+
 // The shown controls a screen reader stops at, in the order it reads them.
 void readable(QAccessibleInterface *node, QList<QWidget *> &out) {
     for (int i = 0; i < node->childCount(); ++i) {
@@ -230,8 +245,8 @@ private Q_SLOTS:
 
     // Tab goes round the controls in reading order, inside a panel that is open, and a screen
     // reader reads them in that order. Every focused control shows a frame of at least 3:1
-    // against what lies behind it, picture buttons and the flat lines of the overview included;
-    // without the focus there is none.
+    // against what lies behind it, picture buttons and the flat lines of the overview included,
+    // clear of a button's text and icon; without the focus there is none.
     void tabRound_data() {
         QTest::addColumn<int>("screen");
         QTest::addColumn<QString>("panel"); // opened first: its menu entry and its form name
@@ -275,9 +290,14 @@ private Q_SLOTS:
             QVERIFY(contrast(Theme::kFocusFrame, background(w)) >= 3.0);
             visited.append(w);
             names.append(w->objectName());
+            const QImage focused = w->grab().toImage();
             QTest::keyClick(w, Qt::Key_Tab);
-            if (QApplication::focusWidget() != w)
-                QCOMPARE(framePixels(w), 0);
+            if (QApplication::focusWidget() == w)
+                continue;
+            QCOMPARE(framePixels(w), 0);
+            if (qobject_cast<QPushButton *>(w))
+                QVERIFY2(frameOverContent(focused, w->grab().toImage()) == 0,
+                         qPrintable(w->objectName()));
         }
         QCOMPARE(names.join(u' '), round);
         // Each stop lies after the one before in reading order (lower down, or in the same row
