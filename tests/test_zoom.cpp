@@ -23,7 +23,9 @@
 #include <QScreen>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 
+#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -269,7 +271,7 @@ private Q_SLOTS:
     }
 
     // Information screens, the grade scale and the display-mode screen open centred over the
-    // page at the page's zoom, as far as the screen has room for them.
+    // page at the page's zoom, as far as the screen has room for them, and stay above it.
     void overAPage() {
         QFETCH(int, screen);
         QFETCH(QSize, page);
@@ -282,6 +284,7 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowExposed(over));
         settle();
         QVERIFY(Screens::loaded(ScreenId::Page6));
+        QCOMPARE(over->windowHandle()->transientParent(), below->window()->windowHandle());
         const QRect available = over->screen()->availableGeometry();
         QVERIFY(available.contains(over->frameGeometry()));
         const double room = std::min(double(available.width()) / over->designSize().width(),
