@@ -42,6 +42,19 @@ public:
 
     void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
                      const QWidget *widget) const override {
+        if (element == CE_ShapedFrame && painter->device()) {
+            // At a fractional scale of the screen (QT_SCALE_FACTOR=1.25, say) a frame's line on
+            // the widget's edge may fall on a device pixel outside the widget and be lost: there
+            // the frame is drawn one pixel further in.
+            const qreal ratio = painter->device()->devicePixelRatioF();
+            if (const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
+                frame && ratio != std::floor(ratio)) {
+                QStyleOptionFrame inside(*frame);
+                inside.rect.adjust(1, 1, -1, -1);
+                ZoomingStyle::drawControl(element, &inside, painter, widget);
+                return;
+            }
+        }
         ZoomingStyle::drawControl(element, option, painter, widget);
         // Fusion's push buttons draw no focus rectangle of their own. A flat button (a line of
         // the overview) has no bevel to keep the frame off: it is framed whole, around its text.

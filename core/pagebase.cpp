@@ -16,6 +16,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QStyleOptionButton>
+#include <QStyleOptionGroupBox>
 #include <QStylePainter>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -98,9 +99,31 @@ QWidget *colourArea(const QColor &colour, const char *formName, QWidget *parent)
     return area;
 }
 
-// A framed panel that appears over the page.
+// A framed panel that appears over the page, filled in its own colour. Its frame and title keep
+// a margin from the panel's edges.
+class PanelFrame : public QGroupBox {
+public:
+    PanelFrame(const QString &title, QWidget *parent)
+        : QGroupBox(title, parent) {}
+
+protected:
+    void paintEvent(QPaintEvent *) override {
+        QStylePainter painter(this);
+        QStyleOptionGroupBox option;
+        initStyleOption(&option);
+        // The style places the title at the top left corner of the widget, whatever the rect.
+        const int margin = Zoom::on(this).px(kMargin);
+        painter.translate(margin, margin);
+        option.rect.adjust(0, 0, -2 * margin, -2 * margin);
+        painter.drawComplexControl(QStyle::CC_GroupBox, option);
+    }
+
+private:
+    static constexpr int kMargin = 6;
+};
+
 QGroupBox *panelFrame(const QString &title, const char *formName, QWidget *parent) {
-    auto *frame = new QGroupBox(title, parent);
+    auto *frame = new PanelFrame(title, parent);
     frame->setObjectName(QString::fromUtf8(formName));
     frame->setAutoFillBackground(true);
     return frame;

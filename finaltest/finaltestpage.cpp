@@ -28,6 +28,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <optional>
 
 const QString kTestInstruction = QStringLiteral("  Überlege und klicke dann die richtige") +
@@ -81,6 +82,24 @@ void keepPlaceWhenHidden(QWidget *w) {
     w->setSizePolicy(policy);
 }
 
+// The options of all questions line up: each column of options is as wide in every frame as its
+// widest option with its marker and verdict, and the questions' texts take the rest.
+void alignOptionColumns(const std::array<QGroupBox *, kTestQuestionCount> &frames) {
+    for (int column : {2, 4}) {
+        int widest = 0;
+        for (QGroupBox *frame : frames) {
+            auto *grid = static_cast<QGridLayout *>(frame->layout());
+            for (int row : {0, 1}) {
+                QLayout *line = grid->itemAtPosition(row, column)->layout();
+                line->invalidate();
+                widest = std::max(widest, line->sizeHint().width());
+            }
+        }
+        for (QGroupBox *frame : frames)
+            static_cast<QGridLayout *>(frame->layout())->setColumnMinimumWidth(column, widest);
+    }
+}
+
 // The arrow keys move between the options of a question without choosing one, as in the control
 // centre; Space chooses. Every choice in the test is judged and counted, so moving is none.
 class OptionKeys : public QObject {
@@ -109,7 +128,7 @@ QGroupBox *FinalTestPage::buildQuestion(int k, QWidget *parent) {
     frame->setObjectName(QStringLiteral("Frame1_%1").arg(k));
     Zoom &z = zoom();
     auto *grid = new QGridLayout(frame);
-    z.setMargins(grid, 8, 4, 8, 4);
+    z.setMargins(grid, 6, 4, 6, 4);
     z.setSpacing(grid, 3, 2);
 
     auto *text = new CaptionLabel(question.text, kCaptionRuns, frame);
@@ -117,18 +136,16 @@ QGroupBox *FinalTestPage::buildQuestion(int k, QWidget *parent) {
     text->setAccessibleName(questionOnScreen(question.text).remove(QChar(0x00AD)));
     text->setObjectName(QStringLiteral("Label2_%1").arg(k));
     text->setWordWrap(true);
-    z.setFixedWidth(text, 184);
+    // The question takes the room the options leave.
+    z.setMinimumWidth(text, 150);
+    text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     text->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     questionLabels[static_cast<std::size_t>(k)] = text;
     grid->addWidget(text, 0, 0, 2, 1);
     z.setColumnMinimumWidth(grid, 1, 6);
-    // The same columns in every frame, so the options of all questions line up.
-    for (int column : {2, 6})
-        z.setColumnMinimumWidth(grid, column, 196);
-    for (int column : {3, 7})
-        z.setColumnMinimumWidth(grid, column, 8);
-    for (int column : {4, 8})
-        z.setColumnMinimumWidth(grid, column, 50);
+    // A gap between the two columns of options; their widths: alignOptionColumns().
+    z.setColumnMinimumWidth(grid, 3, 8);
+    grid->setColumnStretch(0, 1);
 
     // The four options in two columns; the radio buttons are direct children of the frame, so
     // each frame is an option group of its own.
@@ -162,17 +179,19 @@ QGroupBox *FinalTestPage::buildQuestion(int k, QWidget *parent) {
         verdict->hide();
         verdictLabels[at] = verdict;
 
-        const int row = j / 2;
-        const int column = 2 + 4 * (j % 2);
-        grid->addWidget(option, row, column, Qt::AlignLeft);
-        grid->addWidget(marker, row, column + 1, Qt::AlignVCenter);
-        grid->addWidget(verdict, row, column + 2, Qt::AlignLeft);
+        // Marker and verdict follow the option's text, so that they read as its own.
+        auto *line = new QHBoxLayout;
+        z.setSpacing(line, 3);
+        line->addWidget(option);
+        line->addWidget(marker, 0, Qt::AlignVCenter);
+        line->addWidget(verdict);
+        line->addStretch(1);
+        grid->addLayout(line, j / 2, 2 + 2 * (j % 2));
         connect(option, &QRadioButton::toggled, this, [this, i](bool checked) {
             if (checked)
                 onOptionClicked(i);
         });
     }
-    grid->setColumnStretch(8, 1);
     return frame;
 }
 
@@ -222,6 +241,7 @@ void FinalTestPage::buildControls() {
         page->addWidget(questionFrames[static_cast<std::size_t>(k)]);
         questionFrames[static_cast<std::size_t>(k)]->setVisible(k == 0);
     }
+    z.follow(this, [this](const Zoom &) { alignOptionColumns(questionFrames); });
     auto *explanationRow = new QHBoxLayout;
     explanationRow->addWidget(explanationPicture);
     explanationRow->addStretch(1);

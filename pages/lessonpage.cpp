@@ -160,10 +160,17 @@ void LessonPage::buildControls() {
     answerEdit->setAlignment(Qt::AlignCenter);
     z.setFont(answerEdit, 2.0, true);
     answerRow->addWidget(answerEdit);
-    instructionLabel = new WrappingLabel(
-        QStringLiteral(" Antworte mit A, B oder C; du kannst auch a, b oder c eingeben."), central);
-    // Where a zoomed font needs a little more room than the design gave it, a second line.
+    const QString instruction =
+        QStringLiteral(" Antworte mit A, B oder C; du kannst auch a, b oder c eingeben.");
+    instructionLabel = new WrappingLabel(instruction.mid(1), central);
+    instructionLabel->setAccessibleName(instruction);
+    // Where a zoomed font needs a little more room than the design gave it, a second line. The
+    // caption's leading blank, which keeps it off the field, becomes an indent of the same width,
+    // so that the second line keeps off the field too.
     instructionLabel->setWordWrap(true);
+    z.follow(instructionLabel, [label = instructionLabel](const Zoom &) {
+        label->setIndent(label->fontMetrics().horizontalAdvance(QLatin1Char(' ')));
+    });
     answerRow->addWidget(instructionLabel, 1);
     grid->addLayout(answerRow, 2, 1);
 
