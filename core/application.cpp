@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "application.h"
 
+#include "runcache.h"
 #include "theme.h"
 #include "zoom.h"
 
@@ -30,6 +31,31 @@ class ProgrammeStyle : public ZoomingStyle {
 public:
     ProgrammeStyle()
         : ZoomingStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+
+    // The message boxes' icons, drawn at the size of the box's page: Fusion has them at 32 pixels
+    // at most.
+    QIcon standardIcon(StandardPixmap which, const QStyleOption *option,
+                       const QWidget *widget) const override {
+        static RunCache<int, QIcon> icons;
+        const char *file = which == SP_MessageBoxQuestion   ? ":/message-question.svg"
+                           : which == SP_MessageBoxCritical ? ":/message-critical.svg"
+                                                            : nullptr;
+        if (!file)
+            return ZoomingStyle::standardIcon(which, option, widget);
+        QIcon &icon = icons[int(which)];
+        if (icon.isNull())
+            icon = QIcon(QString::fromLatin1(file));
+        return icon;
+    }
+
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *returned) const override {
+        // The buttons of a message box carry their words only, as on Windows, whatever the
+        // desktop would add.
+        if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+            return 0;
+        return ZoomingStyle::styleHint(hint, option, widget, returned);
+    }
 
     QPalette standardPalette() const override {
         // Switched-off controls keep text a pupil can read.

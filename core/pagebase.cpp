@@ -284,6 +284,9 @@ void PageBase::buildMenus(bool withPointsEntry) {
                                   QStringLiteral("mnuVoraus"));
     authorEntry =
         menuEntry(infoMenu, QStringLiteral("A&utor und Version"), QStringLiteral("mnuAutor"));
+    // The drop-downs are windows of their own: their font follows the page's, as the bar's does.
+    zoom().setFont(viewMenu, 1.0);
+    zoom().setFont(infoMenu, 1.0);
     // Each shows its information screen, or brings it forward when it is open.
     const std::array<std::pair<QAction *, ScreenId>, 4> screens = {{
         {workingMethodEntry, ScreenId::WorkingMethod},

@@ -6,10 +6,12 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QLayout>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace Seams {
@@ -56,15 +58,56 @@ void setClock(std::function<QDateTime()> clock) {
     clockOverride = std::move(clock);
 }
 
+namespace {
+
+// Qt's message box is never wider than 1000 pixels; at a large zoom its buttons need more.
+class ZoomedMessageBox : public QMessageBox {
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    bool event(QEvent *e) override {
+        const bool done = QMessageBox::event(e);
+        if (e->type() == QEvent::LayoutRequest)
+            keepRoom();
+        return done;
+    }
+    void showEvent(QShowEvent *e) override {
+        QMessageBox::showEvent(e);
+        keepRoom();
+    }
+
+private:
+    // Widens the box where its controls need more room than Qt gave them.
+    void keepRoom() {
+        const int need = layout()->totalMinimumSize().width();
+        if (need <= width())
+            return;
+        setFixedSize(need, std::max(height(), layout()->hasHeightForWidth()
+                                                  ? layout()->totalHeightForWidth(need)
+                                                  : layout()->totalMinimumSize().height()));
+    }
+};
+
+} // namespace
+
+std::unique_ptr<QMessageBox> messageBox(QMessageBox::Icon icon, const QString &title,
+                                        const QString &text, QMessageBox::StandardButtons buttons) {
+    // Centred over the screen, and drawn at its zoom: the style sizes the icon by the screen the
+    // box belongs to.
+    auto box =
+        std::make_unique<ZoomedMessageBox>(icon, title, text, buttons, Screens::activeScreen());
+    if (box->parentWidget())
+        box->setFont(box->parentWidget()->font());
+    return box;
+}
+
 bool askYesNoWithMessageBox(const QString &text, const QString &title) {
-    // Centred over the screen that asks, in the size of its page's font.
-    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No,
-                    Screens::activeScreen());
-    if (box.parentWidget())
-        box.setFont(box.parentWidget()->font());
-    box.setDefaultButton(QMessageBox::No);
-    box.setEscapeButton(QMessageBox::No);
-    return box.exec() == QMessageBox::Yes;
+    const auto box =
+        messageBox(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No);
+    box->setDefaultButton(QMessageBox::No);
+    box->setEscapeButton(QMessageBox::No);
+    return box->exec() == QMessageBox::Yes;
 }
 
 bool askYesNo(const QString &text, const QString &title) {
@@ -79,7 +122,9 @@ void failProgramme(const QString &systemErrorText) {
     if (failureOverride) {
         failureOverride(systemErrorText);
     } else {
-        QMessageBox::critical(Screens::activeScreen(), QStringLiteral("Kelvora"), systemErrorText);
+        messageBox(QMessageBox::Critical, QStringLiteral("Kelvora"), systemErrorText,
+                   QMessageBox::Ok)
+            ->exec();
     }
     // Nothing of the programme runs after a failure.
     std::exit(EXIT_FAILURE);

@@ -17,7 +17,9 @@
 #include <QFontInfo>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QRadioButton>
 #include <QStyle>
@@ -99,6 +101,87 @@ QString cut(const QWidget *w) {
     return {};
 }
 
+bool inLayout(const QLayout *layout, const QWidget *w) {
+    for (int i = 0; i < layout->count(); ++i) {
+        QLayoutItem *item = layout->itemAt(i);
+        if (item->widget() == w || (item->layout() && inLayout(item->layout(), w)))
+            return true;
+    }
+    return false;
+}
+
+// What a control lies in: the nearest panel that floats over its parent outside the parent's
+// layout (the exit frame, the overview, their cover and border), or its window. A floating label
+// (the pace note) lies in its parent's layer and must keep off what is there.
+const QWidget *layerOf(const QWidget *w) {
+    for (; !w->isWindow(); w = w->parentWidget()) {
+        const QLayout *layout = w->parentWidget()->layout();
+        if (!qobject_cast<const QLabel *>(w) && layout && !inLayout(layout, w))
+            return w;
+    }
+    return w;
+}
+
+// Where a label draws its text, in the window's coordinates; empty for a label without text.
+QRect textArea(const QLabel *label) {
+    if (label->text().isEmpty())
+        return {};
+    const int margin = label->margin();
+    QRect room = label->contentsRect().adjusted(margin, margin, -margin, -margin);
+    const Qt::Alignment align =
+        QStyle::visualAlignment(label->layoutDirection(), label->alignment());
+    int indent = label->indent();
+    if (indent < 0 && label->frameWidth() > 0)
+        indent = label->fontMetrics().horizontalAdvance(QLatin1Char('x')) / 2;
+    if (indent > 0) {
+        if (align & Qt::AlignLeft)
+            room.setLeft(room.left() + indent);
+        if (align & Qt::AlignRight)
+            room.setRight(room.right() - indent);
+        if (align & Qt::AlignTop)
+            room.setTop(room.top() + indent);
+        if (align & Qt::AlignBottom)
+            room.setBottom(room.bottom() - indent);
+    }
+    const int flags = int(align) | (label->wordWrap() ? Qt::TextWordWrap : 0) |
+                      (label->buddy() ? Qt::TextShowMnemonic : 0);
+    const QRect drawn = Qt::mightBeRichText(label->text())
+                            ? room
+                            : label->fontMetrics().boundingRect(room, flags, label->text());
+    return {label->mapTo(label->window(), drawn.topLeft()), drawn.size()};
+}
+
+// Every control a label's text runs into or touches, other than its own parents; of another
+// label, its text.
+QStringList crowding(const QLabel *label, const QList<QWidget *> &shown) {
+    const QRect area = textArea(label);
+    if (area.isEmpty())
+        return {};
+    QStringList found;
+    const QWidget *layer = layerOf(label);
+    for (const QWidget *w : shown) {
+        if (w == label || w->isAncestorOf(label) || label->isAncestorOf(w) || layerOf(w) != layer)
+            continue;
+        const auto *other = qobject_cast<const QLabel *>(w);
+        QRect rect = other ? textArea(other) : QRect();
+        if (rect.isEmpty())
+            rect = QRect(w->mapTo(w->window(), QPoint()), w->size()).adjusted(-1, -1, 1, 1);
+        if (area.intersects(rect))
+            found << u"%1 text at %2 runs into %3 at %4"_s.arg(where(label), text(area), where(w),
+                                                               text(rect));
+    }
+    return found;
+}
+
+// A font not grown with the window, or nothing.
+QStringList grownFont(const QWidget *w, double factor) {
+    const double grown =
+        double(QFontInfo(w->font()).pixelSize()) / QFontInfo(Zoom::designFont(w)).pixelSize();
+    if (std::abs(grown / factor - 1) <= 0.1)
+        return {};
+    return {u"%1 font grown %2 times at a factor of %3"_s.arg(where(w)).arg(grown).arg(factor)};
+}
+
 } // namespace
 
 void setUpEveryScreen() {
@@ -114,35 +197,43 @@ void resizeTo(Form *form, QSize size) {
     settle();
 }
 
-QStringList misfits(Form *form) {
+QStringList misfits(QWidget *screen) {
     QStringList found;
-    const double factor = form->factorFor(form->size());
-    const QSize design = form->designSize();
-    if (std::abs(form->zoom().factor() - factor) > 1e-9)
-        found << u"zoom %1 for a factor of %2"_s.arg(form->zoom().factor()).arg(factor);
+    auto *form = qobject_cast<Form *>(screen);
+    const double factor = form ? form->factorFor(form->size()) : Zoom::factorOf(screen);
+    if (form) {
+        const QSize design = form->designSize();
+        if (std::abs(form->zoom().factor() - factor) > 1e-9)
+            found << u"zoom %1 for a factor of %2"_s.arg(form->zoom().factor()).arg(factor);
 
-    // The page keeps its proportions, centred with even bands.
-    const QRect page(form->page()->mapTo(form, QPoint()), form->page()->size());
-    const int menu = form->menuWidget() ? form->menuWidget()->height() : 0;
-    if (std::abs(page.width() - design.width() * factor) > 1.5 ||
-        std::abs(page.height() + menu - design.height() * factor) > 1.5)
-        found << u"page %1 for a design of %2 at %3"_s.arg(text(page.size()), text(design))
-                     .arg(factor);
-    if (std::abs(page.left() - (form->width() - page.right() - 1)) > 1 ||
-        std::abs(page.top() - menu - (form->height() - page.bottom() - 1)) > 1)
-        found << u"page not centred: %1 in %2"_s.arg(text(page), text(form->size()));
+        // The page keeps its proportions, centred with even bands.
+        const QRect page(form->page()->mapTo(form, QPoint()), form->page()->size());
+        const int menu = form->menuWidget() ? form->menuWidget()->height() : 0;
+        if (std::abs(page.width() - design.width() * factor) > 1.5 ||
+            std::abs(page.height() + menu - design.height() * factor) > 1.5)
+            found << u"page %1 for a design of %2 at %3"_s.arg(text(page.size()), text(design))
+                         .arg(factor);
+        if (std::abs(page.left() - (form->width() - page.right() - 1)) > 1 ||
+            std::abs(page.top() - menu - (form->height() - page.bottom() - 1)) > 1)
+            found << u"page not centred: %1 in %2"_s.arg(text(page), text(form->size()));
 
-    const int basePixels = QFontInfo(QApplication::font()).pixelSize();
-    const int pagePixels = QFontInfo(form->page()->font()).pixelSize();
-    if (std::abs(double(pagePixels) / basePixels / factor - 1) > 0.1)
-        found << u"page font %1 px at a factor of %2"_s.arg(pagePixels).arg(factor);
+        const int basePixels = QFontInfo(QApplication::font()).pixelSize();
+        const int pagePixels = QFontInfo(form->page()->font()).pixelSize();
+        if (std::abs(double(pagePixels) / basePixels / factor - 1) > 0.1)
+            found << u"page font %1 px at a factor of %2"_s.arg(pagePixels).arg(factor);
+    }
 
     const int indicator =
         QApplication::style()->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth, nullptr, nullptr);
-    const auto widgets = form->findChildren<QWidget *>();
-    for (QWidget *w : widgets) {
-        if (w->window() != form->window() || !w->isVisibleTo(form))
-            continue;
+    QList<QWidget *> shown;
+    for (QWidget *w : screen->findChildren<QWidget *>()) {
+        if (w->window() == screen->window() && w->isVisibleTo(screen))
+            shown << w;
+        // The drop-down menus are windows of their own, in the page's font too.
+        if (qobject_cast<QMenu *>(w))
+            found << grownFont(w, factor);
+    }
+    for (QWidget *w : std::as_const(shown)) {
         // Everything on the screen is drawn at its zoom: pictures, and the style's own sizes.
         if (Zoom::factorOf(w) != factor)
             found << u"%1 drawn at a zoom of %2"_s.arg(where(w)).arg(Zoom::factorOf(w));
@@ -153,8 +244,8 @@ QStringList misfits(Form *form) {
                 found << u"%1 indicator %2 px at a factor of %3"_s.arg(where(w)).arg(drawn).arg(
                     factor);
         }
-        const QRect rect(w->mapTo(form, QPoint()), w->size());
-        if (!form->rect().contains(rect))
+        const QRect rect(w->mapTo(screen, QPoint()), w->size());
+        if (!screen->rect().contains(rect))
             found << u"%1 at %2 outside the window"_s.arg(where(w), text(rect));
         if (const QString text = cut(w); !text.isEmpty())
             found << text;
@@ -162,13 +253,17 @@ QStringList misfits(Form *form) {
         if (qobject_cast<QAbstractButton *>(w) && (w->width() < w->minimumSizeHint().width() ||
                                                    w->height() < w->minimumSizeHint().height()))
             found << u"%1 squeezed below its smallest size"_s.arg(where(w));
-        if (qobject_cast<QLabel *>(w) || qobject_cast<QAbstractButton *>(w)) {
-            const double grown = double(QFontInfo(w->font()).pixelSize()) /
-                                 QFontInfo(Zoom::designFont(w)).pixelSize();
-            if (std::abs(grown / factor - 1) > 0.1)
-                found << u"%1 font grown %2 times at a factor of %3"_s.arg(where(w)).arg(grown).arg(
-                    factor);
-        }
+        if (const auto *label = qobject_cast<const QLabel *>(w))
+            found << crowding(label, shown);
+        if (qobject_cast<QLabel *>(w) || qobject_cast<QAbstractButton *>(w))
+            found << grownFont(w, factor);
+        // A message box's icon as large as its text: at least a line and a half of it.
+        if (const auto *label = qobject_cast<const QLabel *>(w);
+            label && !label->pixmap().isNull() &&
+            label->pixmap().deviceIndependentSize().height() < 1.5 * label->fontMetrics().height())
+            found << u"%1 picture %2 px high beside a text of %3 px"_s.arg(where(w))
+                         .arg(label->pixmap().deviceIndependentSize().height())
+                         .arg(label->fontMetrics().height());
     }
     return found;
 }
