@@ -20,6 +20,11 @@ void resizeTo(Form *form, QSize size);
 // menus and pictures not grown with the window, the style's own sizes not zoomed, a page out of
 // proportion or off centre. Empty when all is well.
 QStringList misfits(QWidget *screen);
+// The misfits of a screen in every state it can be in, one part at a time (each question and
+// verdict, the pace note, the panels, the explanation and its hint, page 11's questions judged and
+// graded, the grade scale being edited), each after the state it was found in; with the
+// programme's two message boxes over it. Leaves the screen in its last state.
+QStringList misfitsThroughout(Form *form);
 // Fails the test with every misfit of the screen, one per line.
 #define VERIFY_FITS(form)                                                                          \
     do {                                                                                           \

@@ -5,7 +5,6 @@
 #include "captionlabel.h"
 #include "endpage.h"
 #include "finaltestpage.h"
-#include "gradescale.h"
 #include "lessonpage.h"
 #include "picture.h"
 #include "screenfit.h"
@@ -26,29 +25,11 @@
 #include <QTimer>
 #include <QWindow>
 
-#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// Shows `count` widgets of a list from `from` on and hides the others.
-template <class List> void showOnly(const List &widgets, qsizetype from, qsizetype count = 1) {
-    for (qsizetype i = 0; i < qsizetype(widgets.size()); ++i)
-        widgets[std::size_t(i)]->setVisible(i >= from && i < from + count);
-}
-
-// Where a widget stands in its window.
-QRect placeOf(const QWidget *w) {
-    return {w->mapTo(w->window(), QPoint()), w->size()};
-}
-
-// How far apart two rectangles stand, across and down.
-int gap(const QRect &a, const QRect &b) {
-    return std::max({0, b.left() - a.right(), a.left() - b.right()}) +
-           std::max({0, b.top() - a.bottom(), a.top() - b.bottom()});
-}
 
 // Each kind of page change, by the controls the pupil uses (see work()). Page 11 is solved
 // first, which lets the pupil on to the end page and to a new test.
@@ -94,7 +75,7 @@ private Q_SLOTS:
         }
     }
 
-    // Every screen with everything it can show, one part at a time.
+    // Every screen with everything it can show, one part at a time, and the message boxes over it.
     void everyScreenFits() {
         QFETCH(int, screen);
         QFETCH(QSize, size);
@@ -102,88 +83,7 @@ private Q_SLOTS:
         Form *form = Screens::show(ScreenId(screen));
         QVERIFY(QTest::qWaitForWindowExposed(form));
         resizeTo(form, size);
-        QStringList found = misfits(form);
-        const auto check = [&](const QString &state) {
-            form->layOutNow();
-            settle();
-            for (const QString &misfit : misfits(form))
-                found << state + u": "_s + misfit;
-        };
-        if (auto *page = qobject_cast<LessonPage *>(form)) {
-            for (int q = 0; q < 5; ++q) {
-                showOnly(page->questionPictures, q);
-                showOnly(page->optionPictures, q);
-                check(u"question %1"_s.arg(q + 1));
-            }
-            // Page 1's explanation called back while its hint shows: both, with every verdict.
-            if (page->explanationHint) {
-                page->endExplanation();
-                page->toggleExplanation();
-            }
-            page->paceNote->show();
-            for (qsizetype f = 0; f < page->feedbackPictures.size(); ++f) {
-                showOnly(page->feedbackPictures, f);
-                check(u"feedback %1 with the pace note"_s.arg(f));
-            }
-        }
-        if (auto *page = qobject_cast<PageBase *>(form)) {
-            page->openExitFrame();
-            check(u"exit frame"_s);
-            page->closeExitFrame();
-            page->openOverview();
-            check(u"overview"_s);
-            page->closeOverview();
-            if (page->explanationHint) {
-                page->endExplanation();
-                check(u"explanation hint"_s);
-            }
-        }
-        if (auto *page = qobject_cast<FinalTestPage *>(form)) {
-            for (QLabel *label : page->verdictLabels)
-                label->show();
-            for (QLabel *label : page->markerLabels)
-                label->show();
-            for (int k = 0; k < 10; ++k) {
-                showOnly(page->questionFrames, k, 2);
-                check(u"questions %1 and %2 judged"_s.arg(k + 1).arg(k + 2));
-                // A marker stands nearer its own option than any other of the question.
-                const auto near = [&](int marker, int option) {
-                    return gap(placeOf(page->markerLabels[std::size_t(marker)]),
-                               placeOf(page->optionButtons[std::size_t(option)]));
-                };
-                for (int i = 4 * k; i < 4 * k + 4; ++i) {
-                    for (int j = 4 * k; j < 4 * k + 4; ++j) {
-                        if (j != i && near(i, j) <= near(i, i))
-                            found << u"marker of option %1 as near option %2"_s.arg(i).arg(j);
-                    }
-                }
-            }
-            page->instructionLabel->hide();
-            page->gradeLabel->setText(u"Zensur: 2"_s);
-            page->gradeLabel->show();
-            page->printButton->show();
-            check(u"graded"_s);
-        }
-        if (auto *scale = qobject_cast<GradeScaleScreen *>(form)) {
-            scale->openScaleForEditing();
-            scale->thresholdEdits[0]->setText(u"x"_s);
-            scale->thresholdEdits[1]->setText(u"8 "_s);
-            check(u"editing, with both hints"_s);
-        }
-        // The programme's message boxes over the screen: a question and a failure.
-        for (const auto &[icon, text] :
-             {std::pair(QMessageBox::Question,
-                        u"Möchtest du wirklich die gesamte Arbeit beenden?"_s),
-              std::pair(QMessageBox::Critical, u"Dateiname oder -nummer falsch"_s)}) {
-            const auto box = Seams::messageBox(icon, u"Kelvora"_s, text,
-                                               icon == QMessageBox::Critical
-                                                   ? QMessageBox::Ok
-                                                   : QMessageBox::Yes | QMessageBox::No);
-            box->show();
-            QVERIFY(QTest::qWaitForWindowExposed(box.get()));
-            for (const QString &misfit : misfits(box.get()))
-                found << u"message box: "_s + misfit;
-        }
+        const QStringList found = misfitsThroughout(form);
         QVERIFY2(found.isEmpty(), qPrintable(found.join(u"\n"_s)));
     }
 
