@@ -270,6 +270,9 @@ QStringList misfits(QWidget *screen) {
         const QRect rect(w->mapTo(screen, QPoint()), w->size());
         if (!screen->rect().contains(rect))
             found << u"%1 at %2 outside the window"_s.arg(where(w), text(rect));
+        else if (!w->parentWidget()->rect().contains(w->geometry()))
+            found << u"%1 at %2 cut off by %3"_s.arg(where(w), text(w->geometry()),
+                                                     where(w->parentWidget()));
         if (const QString text = cut(w); !text.isEmpty())
             found << text;
         // The layout gave every control at least what it asks for.
@@ -333,9 +336,11 @@ QStringList misfitsThroughout(Form *form) {
             label->show();
         for (QLabel *label : page->markerLabels)
             label->show();
+        // The questions of each half as they come, the solved ones staying on view.
         for (int k = 0; k < 10; ++k) {
-            showOnly(page->questionFrames, k, 2);
-            check(u"questions %1 and %2 judged"_s.arg(k + 1).arg(k + 2));
+            const int first = k < 5 ? 0 : 5;
+            showOnly(page->questionFrames, first, k - first + 1);
+            check(u"questions %1 to %2 judged"_s.arg(first + 1).arg(k + 1));
             // A marker stands nearer its own option than any other of the question.
             const auto near = [&](int marker, int option) {
                 return gap(placeOf(page->markerLabels[std::size_t(marker)]),
