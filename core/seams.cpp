@@ -6,9 +6,11 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QLabel>
 #include <QLayout>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -60,7 +62,8 @@ void setClock(std::function<QDateTime()> clock) {
 
 namespace {
 
-// Qt's message box is never wider than 1000 pixels; at a large zoom its buttons need more.
+// Qt's message box keeps its text within 500 pixels and itself within 1000: at a large zoom a
+// short question would break into many lines and the buttons be squeezed.
 class ZoomedMessageBox : public QMessageBox {
 public:
     using QMessageBox::QMessageBox;
@@ -78,14 +81,37 @@ protected:
     }
 
 private:
-    // Widens the box where its controls need more room than Qt gave them.
+    // Widens the box where its controls need more room than Qt gave them, and where its text
+    // was broken into lines although the screen has room for it on one.
     void keepRoom() {
-        const int need = layout()->totalMinimumSize().width();
+        int need = layout()->totalMinimumSize().width();
+        const auto labels = findChildren<QLabel *>();
+        const auto shown = std::find_if(labels.begin(), labels.end(),
+                                        [this](const QLabel *l) { return l->text() == text(); });
+        if (shown != labels.end() && (*shown)->wordWrap() && screen()) {
+            const QLabel *label = *shown;
+            const int oneLine = width() - label->contentsRect().width() +
+                                label->fontMetrics().size(Qt::TextShowMnemonic, text()).width() + 1;
+            need =
+                std::max(need, std::min(oneLine, screen()->availableGeometry().width() * 9 / 10));
+        }
         if (need <= width())
             return;
-        setFixedSize(need, std::max(height(), layout()->hasHeightForWidth()
-                                                  ? layout()->totalHeightForWidth(need)
-                                                  : layout()->totalMinimumSize().height()));
+        setFixedSize(
+            need,
+            std::max(layout()->totalMinimumSize().height(),
+                     layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(need) : 0));
+        // Centred over the screen that asks again, on the screen.
+        if (parentWidget() && screen()) {
+            QRect frame = frameGeometry();
+            frame.moveCenter(parentWidget()->window()->frameGeometry().center());
+            const QRect area = screen()->availableGeometry();
+            frame.moveLeft(std::clamp(frame.left(), area.left(),
+                                      std::max(area.left(), area.right() - frame.width() + 1)));
+            frame.moveTop(std::clamp(frame.top(), area.top(),
+                                     std::max(area.top(), area.bottom() - frame.height() + 1)));
+            move(frame.topLeft());
+        }
     }
 };
 

@@ -244,6 +244,15 @@ QStringList misfits(QWidget *screen) {
         const int pagePixels = QFontInfo(form->page()->font()).pixelSize();
         if (std::abs(double(pagePixels) / basePixels / factor - 1) > 0.1)
             found << u"page font %1 px at a factor of %2"_s.arg(pagePixels).arg(factor);
+    } else if (const QWidget *over = screen->parentWidget()) {
+        // A message box stands centred over the screen that asks, as far as the screen has room.
+        QRect centred = screen->frameGeometry();
+        centred.moveCenter(over->window()->frameGeometry().center());
+        const QPoint offset = screen->frameGeometry().center() - centred.center();
+        if (screen->screen()->availableGeometry().contains(centred) && offset.manhattanLength() > 4)
+            found << u"%1 off the centre of %2 by %3,%4"_s.arg(where(screen), where(over))
+                         .arg(offset.x())
+                         .arg(offset.y());
     }
 
     const int indicator =
