@@ -105,8 +105,8 @@ void alignOptionColumns(const std::array<QGroupBox *, kTestQuestionCount> &frame
     }
 }
 
-// A question's text takes the width its frame leaves beside the two columns of options, fixed to
-// it, so that the frame is as high as the text needs there.
+// A question's text takes the width its frame leaves beside the two columns of options, up to its
+// design width, fixed to it, so that the frame is as high as the text needs there.
 class QuestionWidth : public QObject {
 public:
     QuestionWidth(QGroupBox *frame, QLabel *text)
@@ -123,13 +123,15 @@ protected:
             const QMargins margins = grid->contentsMargins();
             const int options = grid->columnMinimumWidth(1) + grid->columnMinimumWidth(2) +
                                 2 * grid->horizontalSpacing();
-            text_->setFixedWidth(std::max(0, frame_->contentsRect().width() - margins.left() -
-                                                 margins.right() - options));
+            const int room =
+                frame_->contentsRect().width() - margins.left() - margins.right() - options;
+            text_->setFixedWidth(std::clamp(room, 0, Zoom::on(frame_).px(kQuestionWidth)));
         }
         return false;
     }
 
 private:
+    static constexpr int kQuestionWidth = 184;
     QGroupBox *frame_;
     QLabel *text_;
 };
