@@ -78,6 +78,7 @@ protected:
     void showEvent(QShowEvent *e) override {
         QMessageBox::showEvent(e);
         keepRoom();
+        centre();
     }
 
 private:
@@ -101,17 +102,27 @@ private:
             need,
             std::max(layout()->totalMinimumSize().height(),
                      layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(need) : 0));
-        // Centred over the screen that asks again, on the screen.
-        if (parentWidget() && screen()) {
-            QRect frame = frameGeometry();
-            frame.moveCenter(parentWidget()->window()->frameGeometry().center());
-            const QRect area = screen()->availableGeometry();
-            frame.moveLeft(std::clamp(frame.left(), area.left(),
-                                      std::max(area.left(), area.right() - frame.width() + 1)));
-            frame.moveTop(std::clamp(frame.top(), area.top(),
-                                     std::max(area.top(), area.bottom() - frame.height() + 1)));
-            move(frame.topLeft());
-        }
+        centre();
+    }
+
+    // Centred over the screen that asks, on the screen. Its window's frame stands for the box's,
+    // which the window system draws only once the box is there.
+    void centre() {
+        const QWidget *over = parentWidget() ? parentWidget()->window() : nullptr;
+        if (!over || !screen())
+            return;
+        const QRect inside = over->geometry();
+        const QRect outside = over->frameGeometry();
+        QRect frame = geometry().marginsAdded(
+            {inside.left() - outside.left(), inside.top() - outside.top(),
+             outside.right() - inside.right(), outside.bottom() - inside.bottom()});
+        frame.moveCenter(outside.center());
+        const QRect area = screen()->availableGeometry();
+        frame.moveLeft(std::clamp(frame.left(), area.left(),
+                                  std::max(area.left(), area.right() - frame.width() + 1)));
+        frame.moveTop(std::clamp(frame.top(), area.top(),
+                                 std::max(area.top(), area.bottom() - frame.height() + 1)));
+        move(frame.topLeft());
     }
 };
 
