@@ -81,7 +81,7 @@ std::int16_t toInteger16(const QString &text) {
 GradeScaleScreen::GradeScaleScreen(QWidget *parent)
     : Form(ScreenId::GradeScale, parent) {
     setWindowTitle(QStringLiteral("Kelvora - Punktetabelle und Zensierung  "));
-    setDesignSize({700, 630});
+    setDesignSize({700, 600});
     QWidget *central = this->page();
     Zoom &z = zoom();
     auto *page = new QVBoxLayout(central);
