@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "application.h"
 
+#include "runcache.h"
 #include "theme.h"
 #include "zoom.h"
 
@@ -31,6 +32,31 @@ public:
     ProgrammeStyle()
         : ZoomingStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
 
+    // The message boxes' icons, drawn at the size of the box's page: Fusion has them at 32 pixels
+    // at most.
+    QIcon standardIcon(StandardPixmap which, const QStyleOption *option,
+                       const QWidget *widget) const override {
+        static RunCache<int, QIcon> icons;
+        const char *file = which == SP_MessageBoxQuestion   ? ":/message-question.svg"
+                           : which == SP_MessageBoxCritical ? ":/message-critical.svg"
+                                                            : nullptr;
+        if (!file)
+            return ZoomingStyle::standardIcon(which, option, widget);
+        QIcon &icon = icons[int(which)];
+        if (icon.isNull())
+            icon = QIcon(QString::fromLatin1(file));
+        return icon;
+    }
+
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *returned) const override {
+        // The buttons of a message box carry their words only, as on Windows, whatever the
+        // desktop would add.
+        if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+            return 0;
+        return ZoomingStyle::styleHint(hint, option, widget, returned);
+    }
+
     QPalette standardPalette() const override {
         // Switched-off controls keep text a pupil can read.
         QPalette palette = ZoomingStyle::standardPalette();
@@ -42,10 +68,29 @@ public:
 
     void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
                      const QWidget *widget) const override {
+        if (element == CE_ShapedFrame && painter->device()) {
+            // At a fractional scale of the screen (QT_SCALE_FACTOR=1.25, say) a frame's line on
+            // the widget's edge may fall on a device pixel outside the widget and be lost: there
+            // the frame is drawn one pixel further in.
+            const qreal ratio = painter->device()->devicePixelRatioF();
+            if (const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
+                frame && ratio != std::floor(ratio)) {
+                QStyleOptionFrame inside(*frame);
+                inside.rect.adjust(1, 1, -1, -1);
+                ZoomingStyle::drawControl(element, &inside, painter, widget);
+                return;
+            }
+        }
         ZoomingStyle::drawControl(element, option, painter, widget);
-        // Fusion's push buttons draw no focus rectangle of their own.
-        if (element == CE_PushButton && (option->state & State_HasFocus))
-            drawFocusFrame(subElementRect(SE_PushButtonFocusRect, option, widget), painter, widget);
+        // Fusion's push buttons draw no focus rectangle of their own. A flat button (a line of
+        // the overview) has no bevel to keep the frame off: it is framed whole, around its text.
+        if (element == CE_PushButton && (option->state & State_HasFocus)) {
+            const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
+            const bool flat = button && (button->features & QStyleOptionButton::Flat);
+            drawFocusFrame(flat ? option->rect
+                                : subElementRect(SE_PushButtonFocusRect, option, widget),
+                           painter, widget);
+        }
     }
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,

@@ -16,6 +16,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QStyleOptionButton>
+#include <QStyleOptionGroupBox>
 #include <QStylePainter>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -98,9 +99,31 @@ QWidget *colourArea(const QColor &colour, const char *formName, QWidget *parent)
     return area;
 }
 
-// A framed panel that appears over the page.
+// A framed panel that appears over the page, filled in its own colour. Its frame and title keep
+// a margin from the panel's edges.
+class PanelFrame : public QGroupBox {
+public:
+    PanelFrame(const QString &title, QWidget *parent)
+        : QGroupBox(title, parent) {}
+
+protected:
+    void paintEvent(QPaintEvent *) override {
+        QStylePainter painter(this);
+        QStyleOptionGroupBox option;
+        initStyleOption(&option);
+        // The style places the title at the top left corner of the widget, whatever the rect.
+        const int margin = Zoom::on(this).px(kMargin);
+        painter.translate(margin, margin);
+        option.rect.adjust(0, 0, -2 * margin, -2 * margin);
+        painter.drawComplexControl(QStyle::CC_GroupBox, option);
+    }
+
+private:
+    static constexpr int kMargin = 6;
+};
+
 QGroupBox *panelFrame(const QString &title, const char *formName, QWidget *parent) {
-    auto *frame = new QGroupBox(title, parent);
+    auto *frame = new PanelFrame(title, parent);
     frame->setObjectName(QString::fromUtf8(formName));
     frame->setAutoFillBackground(true);
     return frame;
@@ -261,6 +284,9 @@ void PageBase::buildMenus(bool withPointsEntry) {
                                   QStringLiteral("mnuVoraus"));
     authorEntry =
         menuEntry(infoMenu, QStringLiteral("A&utor und Version"), QStringLiteral("mnuAutor"));
+    // The drop-downs are windows of their own: their font follows the page's, as the bar's does.
+    zoom().setFont(viewMenu, 1.0);
+    zoom().setFont(infoMenu, 1.0);
     // Each shows its information screen, or brings it forward when it is open.
     const std::array<std::pair<QAction *, ScreenId>, 4> screens = {{
         {workingMethodEntry, ScreenId::WorkingMethod},
@@ -342,11 +368,11 @@ void PageBase::buildOverview(QWidget *central) {
         },
         overviewFrame);
 
-    // The line of this page has the focus: the pupil sees where they are, and choosing it is
-    // harmless (jumpToPage). A screen reader says the note with it and with "Schließen".
+    // "Schließen" has the focus: a stray Enter or Space only closes the overview again, while
+    // a line, this page's too, loads its page afresh.
     new FocusOnShow(overviewFrame, harmlessControl(overviewFrame));
-    for (QWidget *w : {harmlessControl(overviewFrame), static_cast<QWidget *>(overviewCloseButton)})
-        w->setAccessibleDescription(overviewNote->text());
+    // A screen reader says the note with "Schließen".
+    overviewCloseButton->setAccessibleDescription(overviewNote->text());
     overviewBorder->hide();
     overviewFrame->hide();
 }
@@ -368,6 +394,13 @@ void PageBase::addExplanationTimers(int ms, const QString &hintName) {
 }
 
 void PageBase::openExitFrame() {
+    // One panel at a time: the exit frame takes the overview's place.
+    if (!overviewFrame->isHidden()) {
+        overviewBorder->hide();
+        overviewFrame->hide();
+    } else {
+        focusBeforePanel_ = focusWidget();
+    }
     exitFrame->show();
     exitCover->show();
     setBandTint(Theme::kExitCover);
@@ -388,13 +421,18 @@ void PageBase::closeExitFrame() {
     exitFrame->hide();
     exitCover->hide();
     setBandTint({});
-    if (!focusIntoPanel())
-        focusAfterExitFrame();
+    focusAfterExitFrame();
 }
 
 void PageBase::openOverview() {
-    if (overviewFrame->isHidden())
-        focusBeforeOverview_ = focusWidget();
+    // One panel at a time: the overview takes the exit frame's place.
+    if (!exitFrame->isHidden()) {
+        exitFrame->hide();
+        exitCover->hide();
+        setBandTint({});
+    } else if (overviewFrame->isHidden()) {
+        focusBeforePanel_ = focusWidget();
+    }
     overviewBorder->show();
     overviewFrame->show();
 }
@@ -402,25 +440,17 @@ void PageBase::openOverview() {
 void PageBase::closeOverview() {
     overviewBorder->hide();
     overviewFrame->hide();
-    if (!focusIntoPanel())
-        focusAfterOverview();
+    focusAfterOverview();
 }
 
 void PageBase::focusAfterOverview() {
-    if (focusBeforeOverview_ && focusBeforeOverview_->isEnabled() &&
-        focusBeforeOverview_->isVisibleTo(this))
-        focusBeforeOverview_->setFocus();
+    if (focusBeforePanel_ && focusBeforePanel_->isEnabled() && focusBeforePanel_->isVisibleTo(this))
+        focusBeforePanel_->setFocus();
 }
 
 void PageBase::jumpToPage(int index) {
-    // The line of the page the pupil is on only closes the overview, on every page: the page
-    // stays with its question and its counts. The overview opens with the focus on this line,
-    // and a pupil who presses Enter or Space there must not lose their points; page 1 is no
-    // exception. The course starts afresh from the control centre's "Lernprogramm-Start".
-    if (index == pageNumber_ - 1) {
-        closeOverview();
-        return;
-    }
+    // The line of this page loads it afresh: question 1 again, on page 1 with the counts at 0,
+    // on page 11 a new test.
     Screens::unload(this);
     if (index >= 0 && index <= 10)
         Screens::show(pageScreen(index + 1));
@@ -433,10 +463,6 @@ void PageBase::toggleExplanation() {
     } else {
         explanationPicture->show();
         explanationEntry->setChecked(true);
-        // The hint tells how to call the explanation back; with the explanation back it has done
-        // its work, and the two never stand one over the other.
-        if (explanationHint)
-            explanationHint->hide();
     }
 }
 
@@ -459,32 +485,15 @@ void PageBase::withdrawExplanation() {
 }
 
 QWidget *PageBase::panelInFront() const {
-    const bool overview = !overviewFrame->isHidden();
-    const bool exit = !exitFrame->isHidden();
-    if (overview && exit) {
-        // Both open: the one raised last lies in front.
-        const QObjectList &order = overviewFrame->parentWidget()->children();
-        return order.indexOf(overviewFrame) > order.indexOf(exitFrame) ? overviewFrame : exitFrame;
-    }
-    if (overview)
+    if (!overviewFrame->isHidden())
         return overviewFrame;
-    if (exit)
+    if (!exitFrame->isHidden())
         return exitFrame;
     return nullptr;
 }
 
 QWidget *PageBase::harmlessControl(const QWidget *panel) const {
-    if (panel == exitFrame)
-        return stayButton;
-    return overviewLines.at(static_cast<std::size_t>(qBound(1, pageNumber_, 11) - 1));
-}
-
-bool PageBase::focusIntoPanel() {
-    // With both panels opened, closing the one in front leaves the focus in the other.
-    QWidget *panel = panelInFront();
-    if (panel)
-        harmlessControl(panel)->setFocus();
-    return panel != nullptr;
+    return panel == exitFrame ? stayButton : overviewCloseButton;
 }
 
 bool PageBase::closeOnEscape() {

@@ -41,7 +41,7 @@ class PageBase : public Form {
 public:
     int pageNumber() const { return pageNumber_; }
 
-    // Command3_Click: the exit frame appears over the page.
+    // Command3_Click: the exit frame appears over the page, in the overview's place.
     void openExitFrame();
     // Command10_Click, "... von vorn beginnen": the next start begins at the start screen.
     void restartFromBeginning();
@@ -49,7 +49,7 @@ public:
     void resumeHere();
     // Command12_Click, "Ich möchte nicht beenden".
     void closeExitFrame();
-    // mnuWo_Click.
+    // mnuWo_Click: the overview appears, in the exit frame's place.
     void openOverview();
     // Command6_Click, "Schließen".
     void closeOverview();
@@ -118,7 +118,7 @@ protected:
     virtual QList<int> numbersAfterResume() const { return {}; }
     virtual QList<int> numbersAfterRestart() const { return {}; }
     // Where the keyboard focus goes when a panel closes. Without a rule of its own the page gives
-    // the focus back to where it was when the overview opened.
+    // the focus back to where it was when the panel opened.
     virtual void focusAfterExitFrame() = 0;
     virtual void focusAfterOverview();
 
@@ -133,13 +133,11 @@ private:
     void buildOverview(QWidget *central);
     // The open panel in front, or nullptr.
     QWidget *panelInFront() const;
-    // The control a panel gives the focus to: "Ich möchte nicht beenden", the line of this page.
+    // The control a panel gives the focus to: "Ich möchte nicht beenden", "Schließen".
     QWidget *harmlessControl(const QWidget *panel) const;
-    // Gives the focus to the harmless control of the panel in front; false when none is open.
-    bool focusIntoPanel();
 
     int pageNumber_;
-    QPointer<QWidget> focusBeforeOverview_;
+    QPointer<QWidget> focusBeforePanel_; // where the focus was before a panel opened
 };
 
 // Connects a check-marked entry to its handler. The handler alone sets and clears the mark, so

@@ -174,8 +174,15 @@ Form *currentPage() {
     return l.window ? l.window->shown() : nullptr;
 }
 
-// Puts a screen that opens over the page centred over it, at the page's zoom, on the screen.
+// Puts a screen that opens over the page centred over it, at the page's zoom, on the screen, and
+// keeps it above the page.
 void placeOverPage(Form *form) {
+    // A window that belongs to the page's, as a dialog does: the window system keeps it above
+    // the page, so that a click on the page does not bury it. It keeps its close and maximise
+    // buttons.
+    form->setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                         Qt::WindowSystemMenuHint | Qt::WindowMaximizeButtonHint |
+                         Qt::WindowCloseButtonHint);
     const QWidget *page = currentPage() ? currentPage()->window() : nullptr;
     const QRect usable = usableArea(page ? page->screen() : nullptr, page);
     form->setMinimumSize(smallest(form->designSize(), usable));
@@ -184,6 +191,10 @@ void placeOverPage(Form *form) {
     form->zoomFor(size);
     const QRect over = page ? page->geometry() : usable;
     form->setGeometry(keptInside(centredIn(over, size), usable));
+    if (page && page->windowHandle()) {
+        form->winId();
+        form->windowHandle()->setTransientParent(page->windowHandle());
+    }
 }
 
 // A screen shown in the window of the pages takes the keyboard focus where a new window would

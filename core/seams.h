@@ -2,9 +2,11 @@
 #pragma once
 
 #include <QDateTime>
+#include <QMessageBox>
 #include <QString>
 
 #include <functional>
+#include <memory>
 
 // The few places where the programme touches the world outside its screens. Each has a
 // production default; tests put their own in its place.
@@ -26,6 +28,11 @@ QString filesFolderFor(const QString &executableFolder, const QString &dataFolde
 double secondsSinceMidnight();
 QDateTime now();
 void setClock(std::function<QDateTime()> clock); // empty function: back to the system clock
+
+// A message box of the programme: over the active screen, in its page's font, its icon as large
+// as the page's zoom makes it.
+std::unique_ptr<QMessageBox> messageBox(QMessageBox::Icon icon, const QString &title,
+                                        const QString &text, QMessageBox::StandardButtons buttons);
 
 // A question with Yes and No, the question icon and No as the default button. True means Yes.
 bool askYesNo(const QString &text, const QString &title);

@@ -9,6 +9,7 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
+#include <QMenu>
 #include <QSpacerItem>
 #include <QStyleOptionButton>
 
@@ -211,6 +212,14 @@ QSize ZoomingStyle::sizeFromContents(ContentsType type, const QStyleOption *opti
                                      const QSize &contents, const QWidget *widget) const {
     QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
     const double factor = Zoom::factorOf(widget);
+    if (type == CT_MenuItem && factor > 1.0) {
+        // The room the base style leaves beside an entry's text, for the check mark and the
+        // margins, is in pixels at the design size; the check mark it draws is as large as the
+        // entry is high, and would squeeze the text. Below the design size it keeps that room.
+        size.setWidth(contents.width() +
+                      static_cast<int>(std::lround((size.width() - contents.width()) * factor)));
+        return size;
+    }
     const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
     if (factor == 1.0 || type != CT_PushButton || !button || button->text.isEmpty())
         return size;
@@ -222,6 +231,16 @@ QSize ZoomingStyle::sizeFromContents(ContentsType type, const QStyleOption *opti
         natural += 2 * pixelMetric(PM_ButtonDefaultIndicator, option, widget);
     size.setWidth(std::max(natural, static_cast<int>(std::lround(80 * factor))));
     return size;
+}
+
+void ZoomingStyle::polish(QWidget *widget) {
+    QProxyStyle::polish(widget);
+    // A popup menu is a window of its own and would keep the programme's font at the design
+    // size: it follows the page's, as the pages' own menus do.
+    if (qobject_cast<QMenu *>(widget) && !widget->testAttribute(Qt::WA_SetFont)) {
+        if (Zoom *zoom = Zoom::of(widget))
+            zoom->setFont(widget, 1.0);
+    }
 }
 
 bool ZoomingStyle::follows(PixelMetric metric) {

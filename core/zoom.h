@@ -100,6 +100,9 @@ public:
                     const QWidget *widget) const override;
     QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &contents,
                            const QWidget *widget) const override;
+    using QProxyStyle::polish;
+    // A popup menu opened from a screen (a field's context menu) follows the page's font.
+    void polish(QWidget *widget) override;
 
 private:
     static bool follows(PixelMetric metric);

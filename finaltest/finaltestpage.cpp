@@ -18,6 +18,7 @@
 #include "zoom.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -29,6 +30,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <optional>
 
 const QString kTestInstruction = QStringLiteral("  Überlege und klicke dann die richtige") +
@@ -82,6 +84,59 @@ void keepPlaceWhenHidden(QWidget *w) {
     w->setSizePolicy(policy);
 }
 
+// The options of the questions shown together (the first five, the second five) line up: each
+// column of options is as wide in each of their frames as its widest option with its marker and
+// verdict, and the questions' texts take the rest (QuestionWidth).
+void alignOptionColumns(const std::array<QGroupBox *, kTestQuestionCount> &frames) {
+    for (std::size_t half = 0; half < frames.size(); half += 5) {
+        for (int column : {1, 2}) {
+            int widest = 0;
+            for (std::size_t k = half; k < half + 5; ++k) {
+                auto *grid = static_cast<QGridLayout *>(frames[k]->layout());
+                for (int row : {0, 1}) {
+                    QLayout *line = grid->itemAtPosition(row, column)->layout();
+                    line->invalidate();
+                    widest = std::max(widest, line->sizeHint().width());
+                }
+            }
+            for (std::size_t k = half; k < half + 5; ++k)
+                static_cast<QGridLayout *>(frames[k]->layout())
+                    ->setColumnMinimumWidth(column, widest);
+        }
+    }
+}
+
+// A question's text takes the width its frame leaves beside the two columns of options, up to its
+// design width, fixed to it, so that the frame is as high as the text needs there.
+class QuestionWidth : public QObject {
+public:
+    QuestionWidth(QGroupBox *frame, QLabel *text)
+        : QObject(frame)
+        , frame_(frame)
+        , text_(text) {
+        frame->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *, QEvent *e) override {
+        if (e->type() == QEvent::Resize) {
+            auto *grid = static_cast<QGridLayout *>(frame_->layout());
+            const QMargins margins = grid->contentsMargins();
+            const int options = grid->columnMinimumWidth(1) + grid->columnMinimumWidth(2) +
+                                2 * grid->horizontalSpacing();
+            const int room =
+                frame_->contentsRect().width() - margins.left() - margins.right() - options;
+            text_->setFixedWidth(std::clamp(room, 0, Zoom::on(frame_).px(kQuestionWidth)));
+        }
+        return false;
+    }
+
+private:
+    static constexpr int kQuestionWidth = 184;
+    QGroupBox *frame_;
+    QLabel *text_;
+};
+
 // The arrow keys move between the options of a question without choosing one, as in the control
 // centre; Space chooses. Every choice in the test is judged and counted, so moving is none.
 class OptionKeys : public QObject {
@@ -110,7 +165,7 @@ QGroupBox *FinalTestPage::buildQuestion(int k, QWidget *parent) {
     frame->setObjectName(QStringLiteral("Frame1_%1").arg(k));
     Zoom &z = zoom();
     auto *grid = new QGridLayout(frame);
-    z.setMargins(grid, 8, 4, 8, 4);
+    z.setMargins(grid, 6, 2, 6, 2);
     z.setSpacing(grid, 3, 2);
 
     auto *text = new CaptionLabel(question.text, kCaptionRuns, frame);
@@ -120,18 +175,12 @@ QGroupBox *FinalTestPage::buildQuestion(int k, QWidget *parent) {
     frame->setAccessibleName(question.frame + QStringLiteral(": ") + text->accessibleName());
     text->setObjectName(QStringLiteral("Label2_%1").arg(k));
     text->setWordWrap(true);
-    z.setFixedWidth(text, 184);
     text->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    z.follow(text, [text](const Zoom &zz) { text->setContentsMargins(0, 0, zz.px(6), 0); });
+    new QuestionWidth(frame, text);
     questionLabels[static_cast<std::size_t>(k)] = text;
     grid->addWidget(text, 0, 0, 2, 1);
-    z.setColumnMinimumWidth(grid, 1, 6);
-    // The same columns in every frame, so the options of all questions line up.
-    for (int column : {2, 6})
-        z.setColumnMinimumWidth(grid, column, 196);
-    for (int column : {3, 7})
-        z.setColumnMinimumWidth(grid, column, 8);
-    for (int column : {4, 8})
-        z.setColumnMinimumWidth(grid, column, 50);
+    grid->setColumnStretch(2, 1);
 
     // The four options in two columns; the radio buttons are direct children of the frame, so
     // each frame is an option group of its own.
@@ -165,17 +214,22 @@ QGroupBox *FinalTestPage::buildQuestion(int k, QWidget *parent) {
         verdict->hide();
         verdictLabels[at] = verdict;
 
-        const int row = j / 2;
-        const int column = 2 + 4 * (j % 2);
-        grid->addWidget(option, row, column, Qt::AlignLeft);
-        grid->addWidget(marker, row, column + 1, Qt::AlignVCenter);
-        grid->addWidget(verdict, row, column + 2, Qt::AlignLeft);
+        // Marker and verdict follow the option's text, so that they read as its own; a gap
+        // after the first column.
+        auto *line = new QHBoxLayout;
+        z.setSpacing(line, 3);
+        line->addWidget(option);
+        line->addWidget(marker, 0, Qt::AlignVCenter);
+        line->addWidget(verdict);
+        line->addStretch(1);
+        if (j % 2 == 0)
+            z.addSpacing(line, 12);
+        grid->addLayout(line, j / 2, 1 + j % 2);
         connect(option, &QRadioButton::toggled, this, [this, i](bool checked) {
             if (checked)
                 onOptionClicked(i);
         });
     }
-    grid->setColumnStretch(8, 1);
     return frame;
 }
 
@@ -190,8 +244,8 @@ void FinalTestPage::buildControls() {
                              .overviewLineName = QStringLiteral("Label20")});
     addExplanationTimers(kExplanationMs, QStringLiteral("Label21"));
     auto *page = new QVBoxLayout(central);
-    z.setMargins(page, 12, 6, 12, 8);
-    z.setSpacing(page, 4);
+    z.setMargins(page, 10, 4, 10, 4);
+    z.setSpacing(page, 3);
 
     // Title and score panel.
     auto *top = new QHBoxLayout;
@@ -225,6 +279,7 @@ void FinalTestPage::buildControls() {
         page->addWidget(questionFrames[static_cast<std::size_t>(k)]);
         questionFrames[static_cast<std::size_t>(k)]->setVisible(k == 0);
     }
+    z.follow(this, [this](const Zoom &) { alignOptionColumns(questionFrames); });
     auto *explanationRow = new QHBoxLayout;
     explanationRow->addWidget(explanationPicture);
     explanationRow->addStretch(1);
@@ -252,7 +307,8 @@ void FinalTestPage::buildControls() {
     // Instruction and result share their place: the one goes when the other comes.
     bottom->addLayout(result, 0, 0, 2, 1, Qt::AlignLeft | Qt::AlignBottom);
     setTextColour(explanationHint, Theme::kResult);
-    // Over the buttons, as wide as their row, in two lines where it needs them.
+    // Over the buttons, as wide as the room beside the instruction, in two lines where it needs
+    // them.
     explanationHint->setWordWrap(true);
     explanationHint->setAlignment(Qt::AlignRight | Qt::AlignBottom);
     bottom->addWidget(explanationHint, 0, 1);
@@ -273,7 +329,7 @@ void FinalTestPage::buildControls() {
     z.addSpacing(buttons, 12);
     buttons->addWidget(endButton);
     bottom->addLayout(buttons, 1, 1, Qt::AlignRight);
-    bottom->setColumnStretch(0, 1);
+    bottom->setColumnStretch(1, 1);
     page->addLayout(bottom);
 
     setActive(endPageButton, false);

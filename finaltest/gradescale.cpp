@@ -82,7 +82,7 @@ std::int16_t toInteger16(const QString &text) {
 GradeScaleScreen::GradeScaleScreen(QWidget *parent)
     : Form(ScreenId::GradeScale, parent) {
     setWindowTitle(QStringLiteral("Kelvora - Punktetabelle und Zensierung  "));
-    setDesignSize({640, 580});
+    setDesignSize({700, 600});
     QWidget *central = this->page();
     Zoom &z = zoom();
     auto *page = new QVBoxLayout(central);
@@ -129,6 +129,8 @@ GradeScaleScreen::GradeScaleScreen(QWidget *parent)
         hintLabels[h] =
             new CaptionLabel(h == 0 ? kNonsenseHint : kBlankHint, kCaptionRuns, central);
         hintLabels[h]->setObjectName(QStringLiteral("Label3_%1").arg(h));
+        // Beside the boxes the hints have what room is left: their lines break where it ends.
+        hintLabels[h]->setWordWrap(true);
         setTextColour(hintLabels[h], Theme::kWrong);
         // The focus stays in the box: a screen reader says the hint as it appears.
         Accessibility::sayWhenShown(hintLabels[h]);

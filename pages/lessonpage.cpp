@@ -23,6 +23,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QTimer>
+#include <QVBoxLayout>
 
 #include <cmath>
 #include <memory>
@@ -159,10 +160,17 @@ void LessonPage::buildControls() {
     answerEdit->setAlignment(Qt::AlignCenter);
     z.setFont(answerEdit, 2.0, true);
     answerRow->addWidget(answerEdit);
-    instructionLabel = new WrappingLabel(
-        QStringLiteral(" Antworte mit A, B oder C; du kannst auch a, b oder c eingeben."), central);
-    // Where a zoomed font needs a little more room than the design gave it, a second line.
+    const QString instruction =
+        QStringLiteral(" Antworte mit A, B oder C; du kannst auch a, b oder c eingeben.");
+    instructionLabel = new WrappingLabel(instruction.mid(1), central);
+    instructionLabel->setAccessibleName(instruction);
+    // Where a zoomed font needs a little more room than the design gave it, a second line. The
+    // caption's leading blank, which keeps it off the field, becomes an indent of the same width,
+    // so that the second line keeps off the field too.
     instructionLabel->setWordWrap(true);
+    z.follow(instructionLabel, [label = instructionLabel](const Zoom &) {
+        label->setIndent(label->fontMetrics().horizontalAdvance(QLatin1Char(' ')));
+    });
     answerRow->addWidget(instructionLabel, 1);
     grid->addLayout(answerRow, 2, 1);
 
@@ -205,11 +213,16 @@ void LessonPage::buildControls() {
     }
     grid->setRowStretch(3, 1);
 
-    grid->addWidget(explanationPicture, 4, 1, 1, 2);
+    // The hint below the explanation: the pupil may call the explanation back while the hint
+    // still shows.
+    auto *explanationColumn = new QVBoxLayout;
+    z.setSpacing(explanationColumn, 4);
+    explanationColumn->addWidget(explanationPicture);
     if (explanationHint) {
         explanationHint->setWordWrap(true);
-        grid->addWidget(explanationHint, 4, 1, 1, 2);
+        explanationColumn->addWidget(explanationHint);
     }
+    grid->addLayout(explanationColumn, 4, 1, 1, 2);
 
     auto *buttons = new QHBoxLayout;
     previousPageButton = new QPushButton(QStringLiteral("<<"), central);

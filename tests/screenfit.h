@@ -6,6 +6,7 @@
 #include <QTest>
 
 class Form;
+class QWidget;
 
 // What the zoom tests check of a screen as it stands in its window.
 
@@ -14,10 +15,16 @@ void setUpEveryScreen();
 // Resizes the window a screen is shown in (its own, or the one the pages share) and lets the
 // zoom follow.
 void resizeTo(Form *form, QSize size);
-// Everything that is wrong with the screen as it stands: controls outside the window, texts that
-// do not fit the room they are drawn in, fonts and pictures not grown with the window, the style's
-// own sizes not zoomed, a page out of proportion or off centre. Empty when all is well.
-QStringList misfits(Form *form);
+// Everything that is wrong with a screen or a message box as it stands: controls outside the
+// window, texts that do not fit the room they are drawn in or run into another control, fonts,
+// menus and pictures not grown with the window, the style's own sizes not zoomed, a page out of
+// proportion or off centre. Empty when all is well.
+QStringList misfits(QWidget *screen);
+// The misfits of a screen in every state it can be in, one part at a time (each question and
+// verdict, the pace note, the panels, the explanation and its hint, page 11's questions judged and
+// graded, the grade scale being edited), each after the state it was found in; with the
+// programme's two message boxes over it. Leaves the screen in its last state.
+QStringList misfitsThroughout(Form *form);
 // Fails the test with every misfit of the screen, one per line.
 #define VERIFY_FITS(form)                                                                          \
     do {                                                                                           \

@@ -93,14 +93,19 @@ class TestFinalTest : public QObject {
     }
 
     // Runs a script of steps: an option number is a click on that option button, "a" opens an
-    // information screen and returns to the page (a re-activation), "r" restarts the test.
+    // information screen and returns to the page (a re-activation), "r" restarts the test, "o"
+    // chooses the line of this page in the overview.
     FinalTestPage *run(FinalTestPage *page, const QString &steps) {
         for (const QString &step : steps.split(u' ')) {
             if (step == u"a"_s) {
                 page->workingMethodEntry->trigger();
                 Screens::show(ScreenId::FinalTest);
-            } else if (step == u"r"_s) {
-                QTest::mouseClick(page->restartTestButton, Qt::LeftButton);
+            } else if (step == u"r"_s || step == u"o"_s) {
+                if (step == u"o"_s)
+                    page->openOverview();
+                QTest::mouseClick(step == u"r"_s ? page->restartTestButton
+                                                 : page->overviewLines[10],
+                                  Qt::LeftButton);
                 QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
                 page = Screens::loaded<FinalTestPage>(ScreenId::FinalTest);
             } else {
@@ -159,6 +164,11 @@ private Q_SLOTS:
             << kQuestion[1] + "    freie Elektronen und L\xf6"
                               "cher - Falsch\r\n"
             << u"1/2"_s << u"Falsch. Punkte: 0 von 1. Gesamtpunkte: 1 von 2."_s;
+        QTest::newRow("this page's line in the overview starts a new test too")
+            << u"2 0 4 o 1 0"_s
+            << logOf({"    freie Elektronen und L\xf6"
+                      "cher - Falsch\r\n    freie Elektronen - Richtig\r\n"})
+            << u"1/2"_s << u"Richtig, Aufgabe gelöst. Punkte: 1 von 2. Gesamtpunkte: 1 von 2."_s;
     }
 
     // NOLINTEND(bugprone-suspicious-missing-comma)

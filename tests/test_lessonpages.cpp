@@ -247,10 +247,26 @@ private Q_SLOTS:
                      page <= 2 && text.contains(u"Antworte noch einmal."));
         }
 
+        // The line of this page in the overview loads the page afresh at question 1, page 1 with
+        // its counts at 0, the others with the counts carried on.
+        const QString right = rightLetter(page, 1);
+        const QString wrong = right == u"A" ? u"B"_s : u"A"_s;
+        type(prog, p, wrong);
+        QTest::mouseClick(p->retryButton, Qt::LeftButton);
+        goToQuestion(prog, p, 2);
+        const QString points = p->pointsLabel->text();
+        p->openOverview();
+        QTest::mouseClick(p->overviewLines[std::size_t(page - 1)], Qt::LeftButton);
+        auto *reloaded = Screens::loaded<LessonPage>(pageScreen(page));
+        QVERIFY(reloaded && reloaded != p && reloaded->overviewFrame->isHidden());
+        settle();
+        p = reloaded;
+        QCOMPARE(visible(p->questionPictures), QList<int>{0});
+        QCOMPARE(p->pointsLabel->text(), first ? u" 0 von 0"_s : points);
+
         // With every picture up to the highest index shown, "try again" and "next question" hide
         // all.
-        const QString right = rightLetter(page, 1);
-        type(prog, p, right == u"A" ? u"B"_s : u"A"_s);
+        type(prog, p, wrong);
         for (Picture *picture : p->feedbackPictures)
             picture->show();
         QTest::mouseClick(p->retryButton, Qt::LeftButton);
@@ -355,7 +371,7 @@ private Q_SLOTS:
     }
 
     // The button explanation: shown at first, withdrawn by its timer with a hint until the next
-    // timer, switched by its menu entry (never together with the hint; a right answer to question
+    // timer, switched by its menu entry, which leaves the hint alone (a right answer to question
     // 2 withdraws it for good, see letters). The points are switched by theirs.
     void menuSwitches() {
         TestProgramme prog;
@@ -368,7 +384,7 @@ private Q_SLOTS:
 
         page->explanationEntry->trigger();
         QVERIFY(!page->explanationPicture->isHidden() && page->explanationEntry->isChecked());
-        QVERIFY(page->explanationHint->isHidden());
+        QVERIFY(!page->explanationHint->isHidden() && page->hintTimer->isActive());
         page->explanationEntry->trigger();
         QVERIFY(page->explanationPicture->isHidden() && !page->explanationEntry->isChecked());
         fireTimer(page->hintTimer);

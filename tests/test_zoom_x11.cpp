@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The zoom on a real X server (the Xorg dummy of the system tests): screens at a few window sizes
-// with the server's own fonts, the window kept across a page change.
+// The zoom on a real X server (the Xorg dummy of the system tests): screens in every state and
+// with the message boxes over them at a few window sizes with the server's own fonts, the window
+// kept across a page change.
 #include "lessonpage.h"
 #include "screenfit.h"
 #include "screens.h"
@@ -26,9 +27,9 @@ private Q_SLOTS:
         QTest::addColumn<int>("screen");
         QTest::addColumn<QSize>("size");
         for (QSize size : {QSize(640, 480), QSize(1280, 720), QSize(1920, 1080)}) {
-            for (ScreenId id :
-                 {ScreenId::Start, ScreenId::ControlCentre, ScreenId::Page8, ScreenId::FinalTest,
-                  ScreenId::Requirements, ScreenId::DisplayMode}) {
+            for (ScreenId id : {ScreenId::Start, ScreenId::ControlCentre, ScreenId::Page1,
+                                ScreenId::Page8, ScreenId::FinalTest, ScreenId::GradeScale,
+                                ScreenId::Requirements, ScreenId::DisplayMode}) {
                 QTest::addRow("%s %dx%d", qPrintable(formName(id)), size.width(), size.height())
                     << int(id) << size;
             }
@@ -44,7 +45,8 @@ private Q_SLOTS:
         QTRY_COMPARE(form->window()->size(), size);
         QTRY_COMPARE(form->zoom().factor(), form->factorFor(form->size()));
         settle();
-        VERIFY_FITS(form);
+        const QStringList found = misfitsThroughout(form);
+        QVERIFY2(found.isEmpty(), qPrintable(found.join(u'\n')));
     }
 
     // ">>" shows page 4 in page 3's window, where it was and as large as it was.

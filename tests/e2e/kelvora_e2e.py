@@ -233,7 +233,7 @@ EXPECTED_CAUSES = {
     "enter": "Enter, Return or keypad Enter does not press the focused push button",
     "escape": "Escape does not close the panel or screen in front",
     "exit-focus": "the exit frame does not open with the focus on \"Ich möchte nicht beenden\"",
-    "overview-focus": "the overview does not open with the focus on the current page's line",
+    "overview-focus": "the overview does not open with the focus on \"Schließen\"",
 }
 
 
@@ -907,31 +907,46 @@ class Run:
         self.c.check(any(n.role == "label" and n.name ==
                          "(Durch Anklicken einer Zeile kannst du dorthin springen.)"
                          for n in ui.walk(panel)), "overview note read")
-        self.expect_focus(window, "push button", OVERVIEW_LINES[page - 1],
-                          f"overview opens with the focus on the line of page {page}",
-                          cause="overview-focus")
+        self.expect_focus(window, "push button", "Schließen",
+                          "overview opens with the focus on \"Schließen\"", cause="overview-focus")
         return panel
 
-    def overview(self, window, page, choose_current=False):
-        """The overview, closed with Escape. choose_current: first Enter on the current page's
-        line, which only closes the overview; the page stays with its question and points."""
+    def reload_from_overview(self, window, page, points):
+        """Enter right after opening the overview only closes it; the line of this page then loads
+        the page afresh at its question 1 with `points` and no verdict. Returns the window."""
         ui = self.ui
-        if choose_current:
-            self.open_overview(window, page)
-            before = (self.question_picture(window), self.points_label(window),
-                      [n.name for n in self.feedback(window)])
-            line = OVERVIEW_LINES[page - 1]
-            if ui.tab_to(window, "push button", line):
-                ui.key("Return")
-                closed = ui.wait(lambda: not any(n.name == "Wo bin ich?" for n in ui.walk(window)),
-                                 2)
-                self.c.check(bool(closed), f"Enter on {line!r} closes the overview on page {page}")
-                self.c.check(ui.wait(lambda: (lambda a: a is not None and a.name ==
-                                              page_caption(page))(ui.active_window()), 2),
-                             f"page {page} stays active after choosing its own line")
-                self.c.equal((self.question_picture(window), self.points_label(window),
-                              [n.name for n in self.feedback(window)]), before,
-                             f"question, points and verdict of page {page} kept")
+
+        def overview_open():
+            return any(n.name == "Wo bin ich?" for n in ui.walk(window))
+
+        def seen():
+            return (self.question_picture(window), self.points_label(window),
+                    [n.name for n in self.feedback(window)])
+        before = seen()
+        self.open_overview(window, page)
+        ui.key("Return")
+        self.c.check(bool(ui.wait(lambda: not overview_open(), 2)),
+                     "Enter right after opening the overview closes it")
+        self.c.equal(seen(), before, f"question, points and verdict of page {page} kept")
+        self.open_overview(window, page)
+        line = OVERVIEW_LINES[page - 1]
+        if not ui.tab_to(window, "push button", line):
+            raise Abort(f"cannot reach the overview line {line!r}")
+        ui.key("Return")
+        want = f" {points[0]} von {points[1]}"
+        window = ui.wait(lambda: next((w for w in ui.windows() if w.name == page_caption(page)),
+                                      None), 3) or window
+        fresh = ui.wait(lambda: not overview_open() and self.feedback(window) == [] and
+                        self.points_label(window) == want and
+                        self.question_picture(window).startswith(FIRST_QUESTION[page]), 3)
+        self.c.check(bool(fresh), f"{line!r} loads page {page} afresh: question 1, {want!r}",
+                     f"read {seen()!r}")
+        self.expect_focus(window, "text", "Antwort", "answer field focused on the page afresh")
+        return window
+
+    def overview(self, window, page):
+        """The overview, closed with Escape."""
+        ui = self.ui
         self.open_overview(window, page)
         ui.key("Escape")
         closed = ui.wait(lambda: not any(n.name == "Wo bin ich?" for n in ui.walk(window)), 2)
@@ -1072,6 +1087,8 @@ class Run:
                          for n in ui.walk(window)), "answer instruction read")
 
         self.answer(window, 1, 1, "A", "a", (0, 1), hasty=True)
+        window = self.reload_from_overview(window, 1, (0, 0))
+        self.answer(window, 1, 1, "A", "a", (0, 1))
         repeat = "Aufgabe wiederholen"
         self.press_focused(window, "push button", repeat,
                            lambda: self.feedback(window) == [] and
@@ -1108,7 +1125,7 @@ class Run:
                            "question 3 shows")
         self.answer(window, 1, 3, "A", "a", (3, 5))
 
-        self.overview(window, 1, choose_current=True)
+        self.overview(window, 1)
         self.expect_focus(window, "push button", "Nächste Frage",
                           "focus back on \"Nächste Frage\" after the overview")
         self.exit_frame(window)
