@@ -207,8 +207,7 @@ QGroupBox *FinalTestPage::buildQuestion(int k, QWidget *parent) {
 
         auto *verdict = new QLabel(verdictCaption(i), frame);
         verdict->setObjectName(QStringLiteral("Label16_%1").arg(i));
-        setTextColour(verdict,
-                      verdict->text() == QStringLiteral("Richtig") ? Theme::kRight : Theme::kWrong);
+        setTextColour(verdict, isRightOption(i) ? Theme::kRight : Theme::kWrong);
         z.setBold(verdict);
         keepPlaceWhenHidden(verdict);
         verdict->hide();
@@ -441,7 +440,9 @@ void FinalTestPage::onOptionClicked(int index) {
     // A screen reader reads the verdict with the option.
     optionButtons[i]->setAccessibleDescription(verdictLabels[i]->text());
 
-    const bool right = verdictLabels[i]->text() == QStringLiteral("Richtig");
+    // Solved or not goes by the answer key, as the counting above did. The verdict beside the
+    // option is made from the same key, so it says "Richtig" for exactly these options.
+    const bool right = isRightOption(index);
     // A screen reader says the verdict and the points at once: the option keeps the focus, or the
     // next question takes it.
     Accessibility::announce(page(),
