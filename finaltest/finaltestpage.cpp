@@ -12,7 +12,6 @@
 #include "resultlog.h"
 #include "screens.h"
 #include "seams.h"
-#include "textfiles.h"
 #include "theme.h"
 #include "widgets.h"
 #include "zoom.h"
@@ -53,6 +52,10 @@ namespace {
 
 constexpr int kHalfChangeMs = 3000;
 constexpr int kExplanationMs = 8000;
+
+// What page 11 saves after its page number for "hier weiterarbeiten": a value that nothing in the
+// programme ever sets, and nothing reads back.
+constexpr int kFinalResumeValue = 0;
 // The question texts and the instruction break at their runs of blanks.
 constexpr BlankRuns kCaptionRuns{.line = 2, .paragraph = 40};
 
@@ -153,10 +156,16 @@ protected:
 
 } // namespace
 
-FinalTestPage::FinalTestPage(QWidget *parent)
-    : PageBase(ScreenId::FinalTest, 11, parent)
+FinalTestPage::FinalTestPage(Course &course, QWidget *parent)
+    : PageBase(ScreenId::FinalTest, 11, course, parent)
     , optionKeys_(new OptionKeys(this)) {
     buildControls();
+    // The totals follow the test's counters; a grade given shows here.
+    connect(&course_, &Course::testCountsChanged, this, [this] {
+        totalCorrectLabel->setText(QString::number(course_.testCorrectCount()));
+        totalAnsweredLabel->setText(QString::number(course_.testAnsweredCount()));
+    });
+    connect(&course_, &Course::graded, this, &FinalTestPage::showGrade);
 }
 
 QGroupBox *FinalTestPage::buildQuestion(int k, QWidget *parent) {
@@ -375,18 +384,16 @@ void FinalTestPage::buildControls() {
 void FinalTestPage::onLoad() {
     for (QRadioButton *option : optionButtons)
         option->setChecked(false);
-    course.testCorrectCount = 0;
-    course.testAnsweredCount = 0;
+    course_.resetTestCounts();
     lastClickScore = 0;
     questionTries = 0;
     explanationTimer->start();
 }
 
 void FinalTestPage::onActivate() {
-    course.startFilePath = TextFiles::programmePath(kStartFileName);
-    course.gradeFilePath = TextFiles::programmePath(kGradeFileName);
-    course.resultFilePath = TextFiles::programmePath(kResultFileName);
-    course.currentPage = 11;
+    course_.formStartFilePath();
+    course_.formTestFilePaths();
+    course_.setCurrentPage(11);
     questionHeaderWritten = 0;
 }
 
@@ -403,15 +410,14 @@ void FinalTestPage::onOptionClicked(int index) {
     if (isRightOption(index)) {
         lastClickScore = 1;
         questionTries += 1;
-        course.testCorrectCount += 1;
-        course.testAnsweredCount += 1;
+        course_.countTestClick(true); // a click, and a right one
         logClick(index, resumeNext);
         ResultLog::writeEmptyLine();
         if (k == 9) {
             // A question 10 that had wrong clicks gets a second empty line.
             if (questionHeaderWritten == 1)
                 ResultLog::writeEmptyLine();
-            ResultLog::writeTotals(course.testCorrectCount, course.testAnsweredCount);
+            ResultLog::writeTotals(course_.testCorrectCount(), course_.testAnsweredCount());
             ResultLog::writeDateLine();
         }
         questionHeaderWritten = 0;
@@ -425,16 +431,15 @@ void FinalTestPage::onOptionClicked(int index) {
     } else {
         lastClickScore = 0;
         questionTries += 1;
-        course.testAnsweredCount += 1;
+        course_.countTestClick(false);
         logClick(index, resumeNext);
         questionHeaderWritten = 1;
     }
 
+    // The score panel; its totals have followed the counters.
     questionNumberLabel->setText(QString::number(k + 1));
     lastScoreLabel->setText(QString::number(lastClickScore));
     triesLabel->setText(QString::number(questionTries));
-    totalCorrectLabel->setText(QString::number(course.testCorrectCount));
-    totalAnsweredLabel->setText(QString::number(course.testAnsweredCount));
     markerLabels[i]->setVisible(true);
 
     // A screen reader reads the verdict with the option.
@@ -474,8 +479,8 @@ void FinalTestPage::onOptionClicked(int index) {
         setActive(restartTestButton, true);
         gradeButton->setAccessibleDescription(
             QStringLiteral("Test beendet: %1 Punkte von %2 Punkten")
-                .arg(course.testCorrectCount)
-                .arg(course.testAnsweredCount));
+                .arg(course_.testCorrectCount())
+                .arg(course_.testAnsweredCount()));
         gradeButton->setFocus();
         printButton->setVisible(true);
         instructionLabel->setVisible(false);
@@ -490,7 +495,7 @@ void FinalTestPage::logClick(int index, std::optional<ResultLog::ResumeNext> &re
     // under the resume-next policy.
     if (q == 0 && questionHeaderWritten != 1) {
         resumeNext.emplace();
-        ResultLog::create(course.resultFilePath);
+        ResultLog::create(course_.resultFilePath());
         ResultLog::writeFileHeading();
     }
     if (questionHeaderWritten != 1)
@@ -518,13 +523,13 @@ void FinalTestPage::askForGrade() {
                         QStringLiteral("Punktetabelle für Zensierung"))) {
         Screens::show(ScreenId::GradeScale);
     } else {
-        gradeTest();
+        gradeTest(course_);
         withdrawExplanation();
     }
 }
 
 void FinalTestPage::printAndEnd() {
-    const QStringList lines = Printing::readLines(course.resultFilePath);
+    const QStringList lines = Printing::readLines(course_.resultFilePath());
     Printing::printLines(lines);
     Screens::endProgramme();
 }
@@ -534,7 +539,7 @@ QList<int> FinalTestPage::numbersAfterRestart() const {
 }
 
 QList<int> FinalTestPage::numbersAfterResume() const {
-    return {course.finalResumeValue};
+    return {kFinalResumeValue};
 }
 
 void FinalTestPage::focusAfterExitFrame() {
@@ -552,6 +557,14 @@ void FinalTestPage::showSecondHalf() {
     focusToSecondHalf_ = false;
 }
 
+void FinalTestPage::showGrade(const QString &grade) {
+    gradeLabel->setText(grade);
+    gradeLabel->setVisible(true);
+    // A screen reader says the grade with the button that takes the focus.
+    endPageButton->setAccessibleDescription(grade.simplified());
+    endPageButton->setFocus();
+}
+
 void FinalTestPage::describeSolved(int k) {
     questionFrames.at(static_cast<std::size_t>(k))->setAccessibleDescription(kSolvedDescription);
     for (int i = 4 * k; i < 4 * k + 4; ++i) {
@@ -567,7 +580,8 @@ void FinalTestPage::focusQuestion(int k) {
     optionButtons.at(4 * static_cast<std::size_t>(k))->setFocus(Qt::OtherFocusReason);
 }
 
-void registerFinalTestScreens() {
-    Screens::registerScreen(ScreenId::FinalTest, [] { return new FinalTestPage; });
-    Screens::registerScreen(ScreenId::GradeScale, [] { return new GradeScaleScreen; });
+void registerFinalTestScreens(Course &course) {
+    Screens::registerScreen(ScreenId::FinalTest, [&course] { return new FinalTestPage(course); });
+    Screens::registerScreen(ScreenId::GradeScale,
+                            [&course] { return new GradeScaleScreen(course); });
 }

@@ -10,6 +10,7 @@
 #include <optional>
 
 class CaptionLabel;
+class Course;
 class QGroupBox;
 class QLabel;
 class QPushButton;
@@ -21,7 +22,7 @@ class QTimer;
 class FinalTestPage : public PageBase {
     Q_OBJECT
 public:
-    explicit FinalTestPage(QWidget *parent = nullptr);
+    explicit FinalTestPage(Course &course, QWidget *parent = nullptr);
 
     // Form_Load: the test starts with both counters at 0.
     void onLoad() override;
@@ -90,6 +91,8 @@ private:
     void describeSolved(int k);
     // Gives the focus to the first option of question k.
     void focusQuestion(int k);
+    // The grade given by the course: in Label15, and said with the way to the end page.
+    void showGrade(const QString &grade);
     void buildControls();
     QGroupBox *buildQuestion(int k, QWidget *parent);
 
@@ -104,4 +107,4 @@ extern const QString kSolvedDescription;
 extern const QString kTestInstruction;
 
 // Makes page 11 and the grade-scale screen known to the screen layer.
-void registerFinalTestScreens();
+void registerFinalTestScreens(Course &course);

@@ -79,8 +79,9 @@ std::int16_t toInteger16(const QString &text) {
     return static_cast<std::int16_t>(value);
 }
 
-GradeScaleScreen::GradeScaleScreen(QWidget *parent)
-    : Form(ScreenId::GradeScale, parent) {
+GradeScaleScreen::GradeScaleScreen(Course &course, QWidget *parent)
+    : Form(ScreenId::GradeScale, parent)
+    , course_(course) {
     setWindowTitle(QStringLiteral("Kelvora - Punktetabelle und Zensierung  "));
     setDesignSize({700, 600});
     QWidget *central = this->page();
@@ -161,24 +162,9 @@ GradeScaleScreen::GradeScaleScreen(QWidget *parent)
     connect(gradeButton, &QPushButton::clicked, this, &GradeScaleScreen::closeAndGrade);
 }
 
-std::int16_t &GradeScaleScreen::threshold(int index) {
-    switch (index) {
-    case 0:
-        return course.gradeMin5;
-    case 1:
-        return course.gradeMin4;
-    case 2:
-        return course.gradeMin3;
-    case 3:
-        return course.gradeMin2;
-    default:
-        return course.gradeMin1;
-    }
-}
-
 void GradeScaleScreen::onActivate() {
-    for (int i = 0; i < 5; ++i)
-        thresholdEdits[static_cast<std::size_t>(i)]->setText(QString::number(threshold(i)));
+    for (std::size_t i = 0; i < 5; ++i)
+        thresholdEdits[i]->setText(QString::number(course_.gradeScale()[i]));
 }
 
 void GradeScaleScreen::openScaleForEditing() {
@@ -222,7 +208,7 @@ void GradeScaleScreen::takeThreshold(int index) {
     const auto i = static_cast<std::size_t>(index);
     if (thresholdEdits[i]->text().endsWith(QLatin1Char('%')))
         thresholdEdits[i]->setText(thresholdEdits[i]->text().chopped(1));
-    threshold(index) = toInteger16(thresholdEdits[i]->text());
+    course_.setGradeMinimum(index, toInteger16(thresholdEdits[i]->text()));
     if (index < 4 && thresholdEdits[i + 1]->text().isEmpty())
         thresholdEdits[i + 1]->setFocus();
     else
@@ -234,7 +220,7 @@ void GradeScaleScreen::takeThreshold(int index) {
 
 void GradeScaleScreen::closeAndGrade() {
     Screens::unload(this);
-    gradeTest();
+    gradeTest(course_);
 }
 
 bool GradeScaleScreen::closeOnEscape() {

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Start-up: reading the start position and opening the page named there.
-#include "course.h"
 #include "screens.h"
 #include "shell.h"
 #include "testsupport.h"
@@ -10,13 +9,15 @@
 class TestStart : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void init() {
+    void initTestCase() {
         QList<QPair<ScreenId, QString>> probes{
             {ScreenId::ControlCentre, QStringLiteral("Steuerzentrum")}};
         for (int page = 1; page <= 11; ++page)
             probes.append({pageScreen(page), QStringLiteral("Qel%1").arg(page)});
-        registerShellScreens();
-        registerProbes(probes);
+        TestProgramme::screens = [probes](Course &course) {
+            registerShellScreens(course);
+            registerProbes(probes);
+        };
     }
 
     void dispatch_data() {
@@ -54,13 +55,11 @@ private Q_SLOTS:
         Screens::show(ScreenId::Start);
         settle();
 
-        QCOMPARE(course.startFilePath, programme.path(QStringLiteral("StartQelB.txt")));
+        QCOMPARE(programme.course.startFilePath(), programme.path(QStringLiteral("StartQelB.txt")));
         QCOMPARE(Screens::loaded(ScreenId::Start) != nullptr, opened.isEmpty());
         QCOMPARE(Screens::programmeEnded(), opened == QStringLiteral("-"));
         // Whatever the start position, the grade scale is the usual one afterwards.
-        QCOMPARE(QList<int>({course.gradeMin5, course.gradeMin4, course.gradeMin3, course.gradeMin2,
-                             course.gradeMin1}),
-                 QList<int>({20, 40, 60, 80, 96}));
+        QCOMPARE(programme.course.gradeScale(), kDefaultGradeScale);
         if (opened.isEmpty() || opened == QStringLiteral("-"))
             QVERIFY(ProbeForm::log.isEmpty());
         else
