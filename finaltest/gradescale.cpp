@@ -28,6 +28,22 @@ QString blanks(int n) {
     return QString(n, QLatin1Char(' '));
 }
 
+// The default scale in words, grade 6 to grade 1, from the scale every start sets.
+QString defaultScaleText() {
+    const GradeScale &scale = kDefaultGradeScale;
+    const auto percent = [&scale](std::size_t i) {
+        return QString::number(scale.at(i)) + u'%';
+    };
+    QString text = QStringLiteral("bis unter ") + percent(0) + QStringLiteral(":") + blanks(2) +
+                   QStringLiteral("Zensur 6,");
+    for (std::size_t i = 0; i + 1 < scale.size(); ++i) {
+        text += blanks(8) + QStringLiteral("mindestens %1 bis unter %2:  Zensur %3,")
+                                .arg(percent(i), percent(i + 1), QString::number(5 - i));
+    }
+    return text + blanks(8) + QStringLiteral("mindestens ") + percent(scale.size() - 1) +
+           QStringLiteral(":") + blanks(2) + QStringLiteral("Zensur 1.");
+}
+
 } // namespace
 
 const QString kScoringExplanation =
@@ -42,12 +58,7 @@ const QString kScoringExplanation =
     blanks(8) + QStringLiteral("nach dem 2. Fehler: 8 von 10;") + blanks(8) +
     QStringLiteral("nach richtiger Lösung: 9 von 11 usw.") + blanks(44) +
     QStringLiteral("Zunächst wurde folgende Zensurenskala festgelegt:") + blanks(8) +
-    QStringLiteral("bis unter 20%:") + blanks(2) + QStringLiteral("Zensur 6,") + blanks(8) +
-    QStringLiteral("mindestens 20% bis unter 40%:  Zensur 5,") + blanks(8) +
-    QStringLiteral("mindestens 40% bis unter 60%:  Zensur 4,") + blanks(8) +
-    QStringLiteral("mindestens 60% bis unter 80%:  Zensur 3,") + blanks(8) +
-    QStringLiteral("mindestens 80% bis unter 96%:  Zensur 2,") + blanks(8) +
-    QStringLiteral("mindestens 96%:") + blanks(2) + QStringLiteral("Zensur 1.");
+    defaultScaleText();
 
 namespace {
 

@@ -240,6 +240,12 @@ private Q_SLOTS:
         programme->answers << !typed.isEmpty();
         page->askForGrade();
         if (auto *zens = Screens::loaded<GradeScaleScreen>(ScreenId::GradeScale)) {
+            // The default scale in words, blanks and all.
+            QVERIFY(zens->explanationLabel->caption().endsWith(
+                u"festgelegt:        bis unter 20%:  Zensur 6,        mindestens 20% bis unter "
+                u"40%:  Zensur 5,        mindestens 40% bis unter 60%:  Zensur 4,        "
+                u"mindestens 60% bis unter 80%:  Zensur 3,        mindestens 80% bis unter 96%:  "
+                u"Zensur 2,        mindestens 96%:  Zensur 1."_s));
             QTest::mouseClick(zens->changeScaleButton, Qt::LeftButton);
             QVERIFY(!zens->changeScaleButton->isEnabled() &&
                     zens->thresholdEdits[0]->text().isEmpty());
