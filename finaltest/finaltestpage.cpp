@@ -53,6 +53,12 @@ namespace {
 constexpr int kHalfChangeMs = 3000;
 constexpr int kExplanationMs = 8000;
 
+// The questions (0..9) whose solving does more than show the next one.
+constexpr int kFirstQuestion = 0;             // its first logged click starts the log anew
+constexpr int kExplanationWithdrawnAfter = 1; // by then the buttons are understood
+constexpr int kLastOfFirstHalf = 4;           // the second five take the first five's place
+constexpr int kLastQuestion = kTestQuestionCount - 1;
+
 // What page 11 saves after its page number for "hier weiterarbeiten": a value that nothing in the
 // programme ever sets, and nothing reads back.
 constexpr int kFinalResumeValue = 0;
@@ -254,8 +260,25 @@ void FinalTestPage::buildControls() {
     auto *page = new QVBoxLayout(central);
     z.setMargins(page, 10, 4, 10, 4);
     z.setSpacing(page, 3);
+    page->addLayout(buildScorePanel(central));
+    buildQuestions(central, page);
+    page->addStretch(1);
+    page->addLayout(buildFooter(central));
 
-    // Title and score panel.
+    // A screen reader says the page, the title and the instruction with the option that has the
+    // focus on arrival.
+    optionButtons[0]->setAccessibleDescription(QStringLiteral("Seite %1. %2. %3")
+                                                   .arg(QString::number(pageNumber()),
+                                                        titleLabel->text(),
+                                                        instructionLabel->accessibleName()));
+    halfChangeTimer = new QTimer(this);
+    halfChangeTimer->setInterval(kHalfChangeMs);
+    nameControls();
+    connectHandlers();
+}
+
+QHBoxLayout *FinalTestPage::buildScorePanel(QWidget *central) {
+    Zoom &z = zoom();
     auto *top = new QHBoxLayout;
     titleLabel = new QLabel(QStringLiteral("Abschlusstest"), central);
     z.setFont(titleLabel, 1.8, true);
@@ -279,28 +302,46 @@ void FinalTestPage::buildControls() {
     group({questionNumberHeading, questionNumberLabel});
     group({scoreHeading, lastScoreLabel, triesOfLabel, triesLabel});
     group({totalHeading, totalCorrectLabel, totalOfLabel, totalAnsweredLabel});
-    page->addLayout(top);
+    return top;
+}
 
-    // The questions, one below the other as they are shown; the button explanation follows.
+void FinalTestPage::buildQuestions(QWidget *central, QVBoxLayout *page) {
+    // One below the other as they are shown; the button explanation follows.
     for (int k = 0; k < kTestQuestionCount; ++k) {
         questionFrames[static_cast<std::size_t>(k)] = buildQuestion(k, central);
         page->addWidget(questionFrames[static_cast<std::size_t>(k)]);
-        questionFrames[static_cast<std::size_t>(k)]->setVisible(k == 0);
+        questionFrames[static_cast<std::size_t>(k)]->setVisible(k == kFirstQuestion);
     }
-    z.follow(this, [this](const Zoom &) { alignOptionColumns(questionFrames); });
+    zoom().follow(this, [this](const Zoom &) { alignOptionColumns(questionFrames); });
     auto *explanationRow = new QHBoxLayout;
     explanationRow->addWidget(explanationPicture);
     explanationRow->addStretch(1);
     page->addLayout(explanationRow);
-    page->addStretch(1);
+}
 
-    // Instruction or grade, hint, and the buttons.
+QGridLayout *FinalTestPage::buildFooter(QWidget *central) {
+    Zoom &z = zoom();
     auto *bottom = new QGridLayout;
     z.follow(bottom, [bottom](const Zoom &zz) { bottom->setHorizontalSpacing(zz.px(8)); });
     instructionLabel = new CaptionLabel(kTestInstruction, kCaptionRuns, central);
     instructionLabel->setFrameShape(QFrame::Box);
     z.setMargin(instructionLabel, 4);
     bottom->addWidget(instructionLabel, 0, 0, 2, 1, Qt::AlignLeft | Qt::AlignBottom);
+    // Instruction and result share their place: the one goes when the other comes.
+    bottom->addLayout(buildResult(central), 0, 0, 2, 1, Qt::AlignLeft | Qt::AlignBottom);
+    setTextColour(explanationHint, Theme::kResult);
+    // Over the buttons, as wide as the room beside the instruction, in two lines where it needs
+    // them.
+    explanationHint->setWordWrap(true);
+    explanationHint->setAlignment(Qt::AlignRight | Qt::AlignBottom);
+    bottom->addWidget(explanationHint, 0, 1);
+    bottom->addLayout(buildButtons(central), 1, 1, Qt::AlignRight);
+    bottom->setColumnStretch(1, 1);
+    return bottom;
+}
+
+QVBoxLayout *FinalTestPage::buildResult(QWidget *central) {
+    Zoom &z = zoom();
     auto *result = new QVBoxLayout;
     z.setSpacing(result, 6);
     gradeLabel = new QLabel(central);
@@ -312,15 +353,11 @@ void FinalTestPage::buildControls() {
     z.setMinimumHeight(printButton, 40);
     printButton->hide();
     result->addWidget(printButton);
-    // Instruction and result share their place: the one goes when the other comes.
-    bottom->addLayout(result, 0, 0, 2, 1, Qt::AlignLeft | Qt::AlignBottom);
-    setTextColour(explanationHint, Theme::kResult);
-    // Over the buttons, as wide as the room beside the instruction, in two lines where it needs
-    // them.
-    explanationHint->setWordWrap(true);
-    explanationHint->setAlignment(Qt::AlignRight | Qt::AlignBottom);
-    bottom->addWidget(explanationHint, 0, 1);
+    return result;
+}
 
+QHBoxLayout *FinalTestPage::buildButtons(QWidget *central) {
+    Zoom &z = zoom();
     auto *buttons = new QHBoxLayout;
     previousPageButton = new QPushButton(QStringLiteral("<<"), central);
     previousPageButton->setAccessibleName(QStringLiteral("Zurück zu Seite 10"));
@@ -336,23 +373,13 @@ void FinalTestPage::buildControls() {
         buttons->addWidget(b);
     z.addSpacing(buttons, 12);
     buttons->addWidget(endButton);
-    bottom->addLayout(buttons, 1, 1, Qt::AlignRight);
-    bottom->setColumnStretch(1, 1);
-    page->addLayout(bottom);
-
     setActive(endPageButton, false);
     setActive(restartTestButton, false);
     setActive(gradeButton, false);
-    // A screen reader says the page, the title and the instruction with the option that has the
-    // focus on arrival.
-    optionButtons[0]->setAccessibleDescription(QStringLiteral("Seite %1. %2. %3")
-                                                   .arg(QString::number(pageNumber()),
-                                                        titleLabel->text(),
-                                                        instructionLabel->accessibleName()));
+    return buttons;
+}
 
-    halfChangeTimer = new QTimer(this);
-    halfChangeTimer->setInterval(kHalfChangeMs);
-
+void FinalTestPage::nameControls() {
     setFormNames({{titleLabel, "Label1"},
                   {questionNumberHeading, "Label5"},
                   {questionNumberLabel, "Label6"},
@@ -372,7 +399,9 @@ void FinalTestPage::buildControls() {
                   {gradeButton, "Command5"},
                   {printButton, "Command7"},
                   {halfChangeTimer, "Timer1"}});
+}
 
+void FinalTestPage::connectHandlers() {
     connect(endPageButton, &QPushButton::clicked, this, &FinalTestPage::toEndPage);
     connect(previousPageButton, &QPushButton::clicked, this, &FinalTestPage::previousPage);
     connect(restartTestButton, &QPushButton::clicked, this, &FinalTestPage::restartTest);
@@ -413,7 +442,7 @@ void FinalTestPage::onOptionClicked(int index) {
         course_.countTestClick(true); // a click, and a right one
         logClick(index, resumeNext);
         ResultLog::writeEmptyLine();
-        if (k == 9) {
+        if (k == kLastQuestion) {
             // A question 10 that had wrong clicks gets a second empty line.
             if (questionHeaderWritten == 1)
                 ResultLog::writeEmptyLine();
@@ -421,11 +450,11 @@ void FinalTestPage::onOptionClicked(int index) {
             ResultLog::writeDateLine();
         }
         questionHeaderWritten = 0;
-        if (k == 0) {
+        if (k == kFirstQuestion) {
             setActive(restartTestButton, true);
-        } else if (k == 1) {
+        } else if (k == kExplanationWithdrawnAfter) {
             withdrawExplanation();
-        } else if (k == 4) {
+        } else if (k == kLastOfFirstHalf) {
             halfChangeTimer->start();
         }
     } else {
@@ -463,17 +492,17 @@ void FinalTestPage::onOptionClicked(int index) {
         focusWidget()->clearFocus();
     if (right)
         describeSolved(k);
-    if (right && k < 9) {
+    if (right && k < kLastQuestion) {
         questionFrames[q]->setEnabled(false);
-        if (k != 4)
+        if (k != kLastOfFirstHalf)
             questionFrames[q + 1]->setVisible(true);
         questionTries = 0;
-        if (focusInQuestion && k != 4)
+        if (focusInQuestion && k != kLastOfFirstHalf)
             focusQuestion(k + 1);
-        focusToSecondHalf_ = focusInQuestion && k == 4;
+        focusToSecondHalf_ = focusInQuestion && k == kLastOfFirstHalf;
     }
-    if (right && k == 9) {
-        questionFrames[9]->setEnabled(false);
+    if (right && k == kLastQuestion) {
+        questionFrames[q]->setEnabled(false);
         setActive(endPageButton, true);
         setActive(gradeButton, true);
         setActive(restartTestButton, true);
@@ -493,7 +522,7 @@ void FinalTestPage::logClick(int index, std::optional<ResultLog::ResumeNext> &re
     const auto q = static_cast<std::size_t>(index / 4);
     // The first logged click of question 1 creates the log, and the rest of its handler runs
     // under the resume-next policy.
-    if (q == 0 && questionHeaderWritten != 1) {
+    if (index / 4 == kFirstQuestion && questionHeaderWritten != 1) {
         resumeNext.emplace();
         ResultLog::create(course_.resultFilePath());
         ResultLog::writeFileHeading();
@@ -547,13 +576,13 @@ void FinalTestPage::focusAfterExitFrame() {
 }
 
 void FinalTestPage::showSecondHalf() {
-    questionFrames[5]->setVisible(true);
-    for (std::size_t k = 0; k <= 4; ++k)
+    questionFrames[kLastOfFirstHalf + 1]->setVisible(true);
+    for (std::size_t k = 0; k <= kLastOfFirstHalf; ++k)
         questionFrames[k]->setVisible(false);
     halfChangeTimer->stop();
     // Unless the pupil has moved on meanwhile, question 6 takes the focus.
     if (focusToSecondHalf_ && !focusWidget())
-        focusQuestion(5);
+        focusQuestion(kLastOfFirstHalf + 1);
     focusToSecondHalf_ = false;
 }
 

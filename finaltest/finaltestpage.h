@@ -11,11 +11,14 @@
 
 class CaptionLabel;
 class Course;
+class QGridLayout;
 class QGroupBox;
+class QHBoxLayout;
 class QLabel;
 class QPushButton;
 class QRadioButton;
 class QTimer;
+class QVBoxLayout;
 
 // Page 11, the final test: ten questions with four option buttons each, every click judged,
 // counted and logged, then grading, printing, restarting and the way to the end page.
@@ -93,8 +96,18 @@ private:
     void focusQuestion(int k);
     // The grade given by the course: in Label15, and said with the way to the end page.
     void showGrade(const QString &grade);
+
+    // The page is built part by part: the score panel over the questions, then the footer with
+    // the instruction or the result, the hint and the buttons.
     void buildControls();
+    QHBoxLayout *buildScorePanel(QWidget *central);
+    void buildQuestions(QWidget *central, QVBoxLayout *page);
     QGroupBox *buildQuestion(int k, QWidget *parent);
+    QGridLayout *buildFooter(QWidget *central);
+    QVBoxLayout *buildResult(QWidget *central);
+    QHBoxLayout *buildButtons(QWidget *central);
+    void nameControls();
+    void connectHandlers();
 
     QObject *optionKeys_;            // the arrow keys of the options
     bool focusToSecondHalf_ = false; // question 5 was solved from the keyboard
