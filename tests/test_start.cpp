@@ -27,8 +27,6 @@ private Q_SLOTS:
         QTest::addRow("no file") << false << QByteArray() << QString();
         QTest::addRow("empty file") << true << QByteArray() << QString();
         QTest::addRow("restart") << true << QByteArray("\"50\"\r\n") << QString();
-        QTest::addRow("restart written by page 11")
-            << true << QByteArray("\"50\"\r\n0\r\n") << QString();
         for (int page = 1; page <= 11; ++page) {
             QTest::addRow("page %d", page)
                 << true << QByteArray("\"") + QByteArray::number(page) + "\"\r\n"
@@ -36,8 +34,6 @@ private Q_SLOTS:
         }
         QTest::addRow("page 1 with counts")
             << true << QByteArray("\"1\"\r\n3\r\n4\r\n") << QStringLiteral("Qel1");
-        QTest::addRow("page 11 with its zero")
-            << true << QByteArray("\"11\"\r\n0\r\n") << QStringLiteral("Qel11");
         QTest::addRow("bare number") << true << QByteArray("7\r\n") << QStringLiteral("Qel7");
         QTest::addRow("12") << true << QByteArray("\"12\"\r\n") << QStringLiteral("-");
         QTest::addRow("07") << true << QByteArray("\"07\"\r\n") << QStringLiteral("-");
