@@ -75,7 +75,7 @@ QString Course::gradeText() const {
     const double min2 = gradeScale_[3] / 100.0;
     const double min1 = gradeScale_[4] / 100.0;
     // Each test that holds overwrites the one before, so with a scale out of order the last
-    // hit wins, and with none the text stays empty.
+    // hit wins.
     if (s < min5)
         text = QStringLiteral("Zensur:   6");
     if (s >= min5 && s < min4)

@@ -68,8 +68,8 @@ public:
     // One threshold: 0 is the minimum for grade 5, ..., 4 the one for grade 1.
     void setGradeMinimum(int index, std::int16_t percent);
 
-    // The grade for the test's two counters by the scale: "Zensur:   1" .. "Zensur:   6", or
-    // empty when the scale is so far out of order that none of its tests holds.
+    // The grade for the test's two counters by the scale: "Zensur:   1" .. "Zensur:   6". A
+    // scale out of order is taken as it is.
     QString gradeText() const;
     // The course's part of grading: nothing at all before the first click of the test;
     // otherwise the grade, which graded() hands to whoever shows it.
@@ -78,7 +78,7 @@ public:
 Q_SIGNALS:
     void pointsChanged();
     void testCountsChanged();
-    void graded(const QString &gradeText);
+    void graded(const QString &text);
 
 private:
     PathRule programmePath_;
