@@ -2,12 +2,14 @@
 // The composition root: every screen is made known to the screen layer here, and only here.
 #include "application.h"
 #include "backend_screen.h"
+#include "course.h"
 #include "displaymodescreen.h"
 #include "finaltestpage.h"
 #include "lessonpage.h"
 #include "programmelock.h"
 #include "screens.h"
 #include "shell.h"
+#include "textfiles.h"
 
 #include <QApplication>
 
@@ -25,9 +27,11 @@ int main(int argc, char *argv[]) {
         return EXIT_SUCCESS;
     }
 
-    registerShellScreens();
-    registerLessonPages();
-    registerFinalTestScreens();
+    // The one course the screens share.
+    Course course(TextFiles::programmePath);
+    registerShellScreens(course);
+    registerLessonPages(course);
+    registerFinalTestScreens(course);
     registerDisplayScreens();
 
     // The start screen is the programme's entry; the programme ends when its last screen goes.

@@ -225,8 +225,9 @@ void placeOver(QWidget *page, QWidget *panel, std::function<QRect(const QRect &,
     new Placement(page, panel, std::move(place));
 }
 
-PageBase::PageBase(ScreenId id, int pageNumber, QWidget *parent)
+PageBase::PageBase(ScreenId id, int pageNumber, Course &course, QWidget *parent)
     : Form(id, parent)
+    , course_(course)
     , pageNumber_(pageNumber) {}
 
 void PageBase::buildPageParts(QWidget *central, const PageParts &parts) {
@@ -407,13 +408,13 @@ void PageBase::openExitFrame() {
 }
 
 void PageBase::restartFromBeginning() {
-    course.currentPage = 50;
-    writeStartPosition(course.startFilePath, course.currentPage, numbersAfterRestart());
+    course_.setCurrentPage(50);
+    writeStartPosition(course_.startFilePath(), course_.currentPage(), numbersAfterRestart());
     Screens::endProgramme();
 }
 
 void PageBase::resumeHere() {
-    writeStartPosition(course.startFilePath, course.currentPage, numbersAfterResume());
+    writeStartPosition(course_.startFilePath(), course_.currentPage(), numbersAfterResume());
     Screens::endProgramme();
 }
 

@@ -12,6 +12,7 @@
 #include <array>
 #include <functional>
 
+class Course;
 class Picture;
 class QAction;
 class QGroupBox;
@@ -96,7 +97,7 @@ public:
     QTimer *hintTimer = nullptr;           // Timer3
 
 protected:
-    PageBase(ScreenId id, int pageNumber, QWidget *parent = nullptr);
+    PageBase(ScreenId id, int pageNumber, Course &course, QWidget *parent = nullptr);
 
     // What a page gives the shared parts: the explanation's rich text, the form names of the
     // explanation picture and of the overview lines, the size of the end button's icon.
@@ -126,6 +127,8 @@ protected:
     bool closeOnEscape() override;
     // While a panel is open over the page, Tab and Shift+Tab stay in it.
     bool focusNextPrevChild(bool next) override;
+
+    Course &course_; // the course every page shares
 
 private:
     void buildMenus(bool withPointsEntry);

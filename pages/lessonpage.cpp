@@ -7,7 +7,6 @@
 #include "questionbank.h"
 #include "screens.h"
 #include "seams.h"
-#include "textfiles.h"
 #include "theme.h"
 #include "widgets.h"
 #include "zoom.h"
@@ -91,10 +90,13 @@ const QList<ExplanationItem> kExplanation = {
 
 } // namespace
 
-LessonPage::LessonPage(int page, QWidget *parent)
-    : PageBase(pageScreen(page), page, parent)
+LessonPage::LessonPage(int page, Course &course, QWidget *parent)
+    : PageBase(pageScreen(page), page, course, parent)
     , info_(pageInfo(page)) {
     buildControls();
+    // The points display follows the points as they are counted.
+    connect(&course_, &Course::pointsChanged, this,
+            [this] { pointsLabel->setText(course_.pointsText()); });
 }
 
 void LessonPage::buildControls() {
@@ -283,41 +285,38 @@ void LessonPage::buildControls() {
 }
 
 void LessonPage::onLoad() {
-    if (info_.firstPage) {
-        course.correctCount = 0;
-        course.answeredCount = 0;
-    }
-    course.answerCorrectFlag = 0;
-    course.answerEvaluated = 0;
-    course.questionStartTime =
-        static_cast<std::int32_t>(std::lround(Seams::secondsSinceMidnight()));
+    if (info_.firstPage)
+        course_.resetLessonCounts();
+    answerCorrectFlag = 0;
+    answerEvaluated = 0;
+    questionStartTime = static_cast<std::int32_t>(std::lround(Seams::secondsSinceMidnight()));
     if (explanationTimer)
         explanationTimer->start();
 }
 
 void LessonPage::onActivate() {
-    course.startFilePath = TextFiles::programmePath(kStartFileName);
-    course.currentPage = static_cast<std::int16_t>(info_.number);
-    pointsLabel->setText(pointsText());
+    course_.formStartFilePath();
+    course_.setCurrentPage(static_cast<std::int16_t>(info_.number));
+    pointsLabel->setText(course_.pointsText());
 }
 
 void LessonPage::findCurrentQuestion() {
     for (std::size_t i = 0; i < questionPictures.size(); ++i) {
         if (!questionPictures[i]->isHidden()) {
-            course.questionIndex = static_cast<std::int16_t>(i);
+            questionIndex = static_cast<std::int16_t>(i);
             return;
         }
     }
 }
 
 void LessonPage::evaluateAnswer() {
-    course.answerEvaluated = 1;
+    answerEvaluated = 1;
     const QString answer = answerEdit->text();
-    course.answeredCount += 1;
+    course_.countAnswer();
     findCurrentQuestion();
-    checkAnswerPace(course.questionIndex == 0 ? 9 : 5);
+    checkAnswerPace(questionIndex == 0 ? 9 : 5);
 
-    const AnswerKey &key = info_.key.at(static_cast<std::size_t>(course.questionIndex));
+    const AnswerKey &key = info_.key.at(static_cast<std::size_t>(questionIndex));
     const std::array<QString, 3> letters = {QStringLiteral("A"), QStringLiteral("B"),
                                             QStringLiteral("C")};
     for (std::size_t letter = 0; letter < letters.size(); ++letter) {
@@ -325,23 +324,22 @@ void LessonPage::evaluateAnswer() {
             continue;
         feedbackPictures.at(key.shows[letter])->show();
         if (key.scores[letter]) {
-            course.answerCorrectFlag = key.flagValue;
-            course.correctCount += 1;
+            answerCorrectFlag = key.flagValue;
+            course_.countCorrect();
             // Once question 2 of page 1 is right, the buttons are understood.
-            if (info_.firstPage && course.questionIndex == 1)
+            if (info_.firstPage && questionIndex == 1)
                 withdrawExplanation();
         } else {
-            course.answerCorrectFlag = 0;
+            answerCorrectFlag = 0;
         }
     }
 
     // A screen reader says the verdict, the pace note and the points with the button that takes
     // the focus now.
     const QString verdict = spokenVerdict();
-    nextQuestionButton->setAccessibleDescription(course.answerCorrectFlag != 0 ? verdict
-                                                                               : QString());
-    retryButton->setAccessibleDescription(course.answerCorrectFlag != 0 ? QString() : verdict);
-    if (course.answerCorrectFlag != 0) {
+    nextQuestionButton->setAccessibleDescription(answerCorrectFlag != 0 ? verdict : QString());
+    retryButton->setAccessibleDescription(answerCorrectFlag != 0 ? QString() : verdict);
+    if (answerCorrectFlag != 0) {
         setActive(nextQuestionButton, true);
         nextQuestionButton->setFocus();
         setActive(retryButton, false);
@@ -350,15 +348,14 @@ void LessonPage::evaluateAnswer() {
         retryButton->setFocus();
         setActive(nextQuestionButton, false);
     }
-    pointsLabel->setText(pointsText());
+    // The points display has followed the counts above.
 }
 
 void LessonPage::nextQuestion() {
-    course.questionStartTime =
-        static_cast<std::int32_t>(std::lround(Seams::secondsSinceMidnight()));
-    course.answerEvaluated = 0;
-    if (course.questionIndex >= 0 && course.questionIndex <= 3) {
-        const auto i = static_cast<std::size_t>(course.questionIndex);
+    questionStartTime = static_cast<std::int32_t>(std::lround(Seams::secondsSinceMidnight()));
+    answerEvaluated = 0;
+    if (questionIndex >= 0 && questionIndex <= 3) {
+        const auto i = static_cast<std::size_t>(questionIndex);
         questionPictures[i + 1]->show();
         questionPictures[i]->hide();
         optionPictures[i + 1]->show();
@@ -371,13 +368,13 @@ void LessonPage::nextQuestion() {
     setActive(retryButton, false);
     for (int i = 0; i <= info_.highestFeedbackIndex; ++i)
         feedbackPictures.at(i)->hide();
-    if (course.questionIndex >= 4) {
+    if (questionIndex >= 4) {
         Screens::show(info_.next);
         Screens::unload(this);
     } else {
         setActive(nextQuestionButton, false);
     }
-    course.answerCorrectFlag = 0;
+    answerCorrectFlag = 0;
 }
 
 void LessonPage::previousPage() {
@@ -396,7 +393,7 @@ void LessonPage::retry() {
     for (int i = 0; i <= info_.highestFeedbackIndex; ++i)
         feedbackPictures.at(i)->hide();
     setActive(retryButton, false);
-    course.answerEvaluated = 0;
+    answerEvaluated = 0;
 }
 
 QString LessonPage::spokenQuestion() const {
@@ -416,7 +413,7 @@ QString LessonPage::spokenVerdict() const {
         if (!picture->isHidden())
             parts << picture->plainText();
     }
-    parts << QStringLiteral("Punkte:") + pointsText() + QLatin1Char('.');
+    parts << QStringLiteral("Punkte:") + course_.pointsText() + QLatin1Char('.');
     if (!paceNote->isHidden())
         parts << paceNote->accessibleName();
     return parts.join(QLatin1Char(' '));
@@ -435,7 +432,7 @@ void LessonPage::focusAfterOverview() {
 QList<int> LessonPage::numbersAfterResume() const {
     // Page 1 alone keeps its counts in the file too; nothing ever reads them back.
     if (info_.firstPage)
-        return {course.correctCount, course.answeredCount};
+        return {course_.correctCount(), course_.answeredCount()};
     return {};
 }
 
@@ -458,7 +455,7 @@ void LessonPage::onAnswerChanged() {
         answerEdit->setText(QString());
         return;
     }
-    if (course.answerEvaluated == 0)
+    if (answerEvaluated == 0)
         evaluateAnswer();
 }
 
@@ -479,7 +476,7 @@ void LessonPage::onAnswerClicked() {
 }
 
 void LessonPage::checkAnswerPace(int minimumSeconds) {
-    if (Seams::secondsSinceMidnight() < course.questionStartTime + minimumSeconds) {
+    if (Seams::secondsSinceMidnight() < questionStartTime + minimumSeconds) {
         paceNote->show();
         paceTimer->setInterval(kPaceNoteMs);
         paceTimer->start();
@@ -509,7 +506,8 @@ void LessonPage::togglePoints() {
     }
 }
 
-void registerLessonPages() {
+void registerLessonPages(Course &course) {
     for (int page = 1; page <= 10; ++page)
-        Screens::registerScreen(pageScreen(page), [page] { return new LessonPage(page); });
+        Screens::registerScreen(pageScreen(page),
+                                [page, &course] { return new LessonPage(page, course); });
 }

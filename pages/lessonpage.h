@@ -7,8 +7,10 @@
 #include <QList>
 
 #include <array>
+#include <cstdint>
 
 class CaptionLabel;
+class Course;
 class Picture;
 class QLabel;
 class QLineEdit;
@@ -20,7 +22,7 @@ class QTimer;
 class LessonPage : public PageBase {
     Q_OBJECT
 public:
-    explicit LessonPage(int page, QWidget *parent = nullptr);
+    LessonPage(int page, Course &course, QWidget *parent = nullptr);
 
     // Form_Load: a new page starts with its first question; page 1 also starts the counts anew.
     void onLoad() override;
@@ -46,6 +48,12 @@ public:
     void togglePoints();
 
     const PageInfo &info() const { return info_; }
+
+    // The state of the question on view.
+    std::int16_t questionIndex = 0;     // position of the current question on the page, 0..4
+    std::int16_t answerCorrectFlag = 0; // nonzero when the last evaluation scored
+    std::int16_t answerEvaluated = 0;   // 1 from an evaluation until the next question or try
+    std::int32_t questionStartTime = 0; // clock seconds, rounded, when the question was shown
 
     // Controls of the page; the page base holds the menus, the end button, the exit frame, the
     // overview and the button explanation.
@@ -91,4 +99,4 @@ private:
 extern const QString kPaceNote;
 
 // Makes the ten lesson pages known to the screen layer.
-void registerLessonPages();
+void registerLessonPages(Course &course);

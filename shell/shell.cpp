@@ -7,10 +7,10 @@
 #include "screens.h"
 #include "startscreen.h"
 
-void registerShellScreens() {
-    Screens::registerScreen(ScreenId::Start, [] { return new StartScreen; });
+void registerShellScreens(Course &course) {
+    Screens::registerScreen(ScreenId::Start, [&course] { return new StartScreen(course); });
     Screens::registerScreen(ScreenId::ControlCentre, [] { return new ControlCentre; });
-    Screens::registerScreen(ScreenId::EndPage, [] { return new EndPage; });
+    Screens::registerScreen(ScreenId::EndPage, [&course] { return new EndPage(course); });
     for (ScreenId id : {ScreenId::WorkingMethod, ScreenId::Author, ScreenId::Requirements})
         Screens::registerScreen(id, [id] { return new InfoScreen(id); });
 }

@@ -209,10 +209,12 @@ int gap(const QRect &a, const QRect &b) {
 
 void setUpEveryScreen() {
     setUpApplication(*qobject_cast<QApplication *>(QCoreApplication::instance()));
-    registerShellScreens();
-    registerLessonPages();
-    registerFinalTestScreens();
-    registerDisplayScreens();
+    TestProgramme::screens = [](Course &course) {
+        registerShellScreens(course);
+        registerLessonPages(course);
+        registerFinalTestScreens(course);
+        registerDisplayScreens();
+    };
 }
 
 void resizeTo(Form *form, QSize size) {

@@ -3,7 +3,6 @@
 // tested with the quoted items in test_textfiles): a full disk, a write-protected file or folder
 // leave the old content, and the programme goes on as it would have. A folder deleted while the
 // programme runs is made again by each writer. Driven through page 11, which writes all three.
-#include "course.h"
 #include "finaltestpage.h"
 #include "programmelock.h"
 #include "resultlog.h"
@@ -109,7 +108,7 @@ class TestFileSafety : public QObject {
         auto *page = Screens::show<FinalTestPage>(ScreenId::FinalTest);
         if (!QTest::qWaitForWindowExposed(page))
             return false;
-        setGradeScale();
+        programme->course.setGradeScale(kDefaultGradeScale);
         if (meanwhile)
             meanwhile();
         if (fileName == kResultFileName) {
@@ -121,8 +120,8 @@ class TestFileSafety : public QObject {
             QTest::mouseClick(page->resumeButton, Qt::LeftButton);
             return Screens::programmeEnded();
         }
-        course.testCorrectCount = 10;
-        course.testAnsweredCount = 12;
+        for (int click = 0; click < 12; ++click)
+            programme->course.countTestClick(click < 10);
         programme->answers << false;
         page->askForGrade();
         return page->gradeLabel->isVisible() && page->gradeLabel->text() == u"Zensur:   2"_s &&
@@ -143,7 +142,7 @@ class TestFileSafety : public QObject {
     }
 
 private Q_SLOTS:
-    void initTestCase() { registerFinalTestScreens(); }
+    void initTestCase() { TestProgramme::screens = registerFinalTestScreens; }
     void init() { programme.emplace(); }
     void cleanup() {
         ResultLog::close();

@@ -2,10 +2,10 @@
 // The ten lesson pages as a pupil works them: every letter of every question, typing and trying
 // again, the pace note, menu switches, exit frame, picture texts, the run to the end.
 #include "captionlabel.h"
-#include "course.h"
 #include "lessonpage.h"
 #include "picture.h"
 #include "screens.h"
+#include "seams.h"
 #include "testsupport.h"
 #include "theme.h"
 
@@ -85,9 +85,10 @@ class TestLessonPages : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void initTestCase() {
-        registerLessonPages();
-        registerProbes(
-            {{ScreenId::ControlCentre, u"Steuerzentrum"_s}, {ScreenId::FinalTest, u"Qel11"_s}});
+        TestProgramme::screens = registerLessonPages;
+        registerProbes({{ScreenId::ControlCentre, u"Steuerzentrum"_s},
+                        {ScreenId::FinalTest, u"Qel11"_s},
+                        {ScreenId::WorkingMethod, u"ArbWei"_s}});
     }
 
     void letters_data() {
@@ -137,7 +138,7 @@ private Q_SLOTS:
         QCOMPARE(p->nextQuestionButton->isEnabled(), scores);
         QCOMPARE(p->retryButton->isEnabled(), !scores);
         QCOMPARE(p->focusWidget(), scores ? p->nextQuestionButton : p->retryButton);
-        QCOMPARE(int(course.answerCorrectFlag), !scores ? 0 : page == 6 && question == 4 ? 10 : 1);
+        QCOMPARE(int(p->answerCorrectFlag), !scores ? 0 : page == 6 && question == 4 ? 10 : 1);
 
         // A click into the answer field sends the focus to the button of the verdict, a right
         // click does not. Page 8's scoring C of question 38 sends it to "try again", which is off:
@@ -167,17 +168,18 @@ private Q_SLOTS:
     void pageRules_data() {
         QTest::addColumn<int>("page");
         QTest::addColumn<bool>("restart");     // "von vorn beginnen", else "hier weiterarbeiten"
-        QTest::addColumn<bool>("writable");    // else the programme folder has gone
+        QTest::addColumn<bool>("moved");       // the programme folder, before the exit frame
         QTest::addColumn<QByteArray>("saved"); // StartQelB.txt then
         for (int page = 1; page <= 8; ++page) {
             QTest::addRow("page %d", page)
-                << page << false << true
+                << page << false << false
                 << (page == 1 ? QByteArray("\"1\"\r\n1\r\n2\r\n")
                               : "\"" + QByteArray::number(page) + "\"\r\n");
         }
-        QTest::addRow("page 9, folder gone") << 9 << false << false << QByteArray();
+        QTest::addRow("page 9, programme folder moved")
+            << 9 << false << true << QByteArray("\"9\"\r\n");
         QTest::addRow("page 10, von vorn beginnen")
-            << 10 << true << true << QByteArray("\"50\"\r\n");
+            << 10 << true << false << QByteArray("\"50\"\r\n");
     }
 
     // What a page shows at first and what differs between pages: "<<", counts at load, texts,
@@ -186,7 +188,7 @@ private Q_SLOTS:
     void pageRules() {
         QFETCH(int, page);
         QFETCH(bool, restart);
-        QFETCH(bool, writable);
+        QFETCH(bool, moved);
         QFETCH(QByteArray, saved);
         const bool first = page == 1;
 
@@ -197,10 +199,10 @@ private Q_SLOTS:
                 !Screens::loaded(pageScreen(page)));
         settle();
 
-        course.correctCount = 7;
-        course.answeredCount = 9;
+        prog.course.countAnswer(); // a point from the pages before
+        prog.course.countCorrect();
         LessonPage *p = openPage(prog, page);
-        QCOMPARE(p->pointsLabel->text(), first ? u" 0 von 0"_s : u" 7 von 9"_s);
+        QCOMPARE(p->pointsLabel->text(), first ? u" 0 von 0"_s : u" 1 von 1"_s);
         QVERIFY(p->paceNote->isHidden() && !p->paceTimer->isActive() && p->exitFrame->isHidden());
         QCOMPARE(p->remarksHeading->accessibleName() + p->optionsHeading->accessibleName(),
                  u"Bemerkungen:Auswahl-Antworten:"_s);
@@ -278,18 +280,21 @@ private Q_SLOTS:
         QCOMPARE(visible(p->feedbackPictures), QList<int>());
 
         // "Ich möchte nicht beenden" closes the exit frame and its cover without saving; the
-        // other two save and end the programme, without a word where the file cannot be written.
+        // other two save and end the programme.
         QTest::mouseClick(p->endButton, Qt::LeftButton);
         QVERIFY(!p->exitFrame->isHidden() && !p->exitCover->isHidden());
         QTest::mouseClick(p->stayButton, Qt::LeftButton);
         QVERIFY(p->exitFrame->isHidden() && p->exitCover->isHidden() &&
                 prog.read(u"StartQelB.txt"_s).isNull());
-        if (!writable)
-            course.startFilePath = prog.path(u"gone/StartQelB.txt"_s);
+        if (moved) { // the file goes where the last activation found the folder
+            Seams::setProgrammeFolder([&prog] { return prog.path(u"moved"_s); });
+            Screens::show(ScreenId::WorkingMethod);
+            Screens::show(pageScreen(page));
+        }
         QTest::mouseClick(p->endButton, Qt::LeftButton);
         QTest::mouseClick(restart ? p->restartButton : p->resumeButton, Qt::LeftButton);
         QVERIFY(Screens::programmeEnded() && !Screens::anyLoaded());
-        QCOMPARE(prog.read(u"StartQelB.txt"_s), saved);
+        QCOMPARE(prog.read(moved ? u"moved/StartQelB.txt"_s : u"StartQelB.txt"_s), saved);
     }
 
     void typing_data() {
@@ -344,7 +349,7 @@ private Q_SLOTS:
         QCOMPARE(visible(page->feedbackPictures), pictures);
         QCOMPARE(page->pointsLabel->text(), points);
         QCOMPARE(lightGreyAndEnabled(page->retryButton), again);
-        QCOMPARE(course.questionStartTime, 36000 + 10 * (question - 1));
+        QCOMPARE(page->questionStartTime, 36000 + 10 * (question - 1));
         QCOMPARE(!page->paceNote->isHidden(), note);
         QCOMPARE(page->paceTimer->isActive(), note);
         for (QPushButton *button :

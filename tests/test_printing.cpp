@@ -96,7 +96,7 @@ class TestPrinting : public QObject {
 private Q_SLOTS:
     void initTestCase() {
         QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-        registerFinalTestScreens();
+        TestProgramme::screens = registerFinalTestScreens;
     }
 
     void init() { programme.emplace(); }

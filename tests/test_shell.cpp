@@ -51,11 +51,9 @@ class TestShell : public QObject {
 private Q_SLOTS:
     void initTestCase() {
         setUpApplication(*qobject_cast<QApplication *>(QCoreApplication::instance()));
+        TestProgramme::screens = registerShellScreens;
     }
-    void init() {
-        arrivals.clear();
-        registerShellScreens();
-    }
+    void init() { arrivals.clear(); }
 
     void centreOpensTarget_data() {
         QTest::addColumn<int>("index");
@@ -126,7 +124,7 @@ private Q_SLOTS:
         QFETCH(QString, fragments);
         const auto id = static_cast<ScreenId>(screen);
         TestProgramme programme;
-        registerLessonPages();
+        registerLessonPages(programme.course);
         Screens::registerScreen(ScreenId::Page2, [] { return new TargetPage(ScreenId::Page2); });
         auto *page = Screens::show<LessonPage>(ScreenId::Page1);
         (page->*entry)->trigger();

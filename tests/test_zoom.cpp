@@ -162,7 +162,7 @@ private Q_SLOTS:
         Form *before = Screens::show(from);
         QVERIFY(QTest::qWaitForWindowExposed(before));
         if (auto *test = qobject_cast<FinalTestPage *>(before)) {
-            setGradeScale();
+            programme.course.setGradeScale(kDefaultGradeScale);
             for (int i = 0; i < kTestOptionCount; ++i) {
                 if (isRightOption(i) && test->questionFrames[std::size_t(i / 4)]->isEnabled())
                     clickOptions(test, {i});

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "testsupport.h"
 
-#include "course.h"
 #include "screens.h"
 #include "seams.h"
+#include "textfiles.h"
 
 #include <QAction>
 #include <QDir>
@@ -12,10 +12,6 @@
 #include <QProcess>
 #include <QTest>
 #include <QTimer>
-
-void resetProgrammeState() {
-    course = CourseState{};
-}
 
 QByteArray readFile(const QString &path) {
     QFile file(path);
@@ -30,14 +26,6 @@ QString runProgram(const QString &program, const QStringList &arguments) {
     if (!process.waitForFinished(30000) || process.exitCode() != 0)
         return {};
     return QString::fromUtf8(process.readAllStandardOutput());
-}
-
-void setGradeScale(const QList<int> &minimums) {
-    std::tie(course.gradeMin5, course.gradeMin4, course.gradeMin3, course.gradeMin2,
-             course.gradeMin1) =
-        std::tuple(std::int16_t(minimums.at(0)), std::int16_t(minimums.at(1)),
-                   std::int16_t(minimums.at(2)), std::int16_t(minimums.at(3)),
-                   std::int16_t(minimums.at(4)));
 }
 
 QStringList entryTexts(const QListWidget *list) {
@@ -57,9 +45,11 @@ bool clickEntry(QListWidget *list, const QString &text) {
 }
 
 TestProgramme::TestProgramme()
-    : now_(QDate(2026, 4, 3), QTime(9, 5, 7)) {
+    : course(TextFiles::programmePath)
+    , now_(QDate(2026, 4, 3), QTime(9, 5, 7)) {
     Screens::reset();
-    resetProgrammeState();
+    if (screens)
+        screens(course);
     ProbeForm::log.clear();
     Seams::setProgrammeFolder([folder = QDir::toNativeSeparators(dir_.path())] { return folder; });
     Seams::setClock([this] { return now_; });
