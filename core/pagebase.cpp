@@ -225,8 +225,8 @@ void placeOver(QWidget *page, QWidget *panel, std::function<QRect(const QRect &,
     new Placement(page, panel, std::move(place));
 }
 
-PageBase::PageBase(ScreenId id, int pageNumber, QWidget *parent)
-    : Form(id, parent)
+PageBase::PageBase(ScreenId id, int pageNumber, double zoomFactor)
+    : Form(id, zoomFactor)
     , pageNumber_(pageNumber) {}
 
 void PageBase::buildPageParts(QWidget *central, const PageParts &parts) {

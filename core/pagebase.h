@@ -96,7 +96,7 @@ public:
     QTimer *hintTimer = nullptr;           // Timer3
 
 protected:
-    PageBase(ScreenId id, int pageNumber, QWidget *parent = nullptr);
+    PageBase(ScreenId id, int pageNumber, double zoomFactor);
 
     // What a page gives the shared parts: the explanation's rich text, the form names of the
     // explanation picture and of the overview lines, the size of the end button's icon.

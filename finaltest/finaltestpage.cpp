@@ -153,8 +153,8 @@ protected:
 
 } // namespace
 
-FinalTestPage::FinalTestPage(QWidget *parent)
-    : PageBase(ScreenId::FinalTest, 11, parent)
+FinalTestPage::FinalTestPage(double zoomFactor)
+    : PageBase(ScreenId::FinalTest, 11, zoomFactor)
     , optionKeys_(new OptionKeys(this)) {
     buildControls();
 }
@@ -567,6 +567,8 @@ void FinalTestPage::focusQuestion(int k) {
 }
 
 void registerFinalTestScreens() {
-    Screens::registerScreen(ScreenId::FinalTest, [] { return new FinalTestPage; });
-    Screens::registerScreen(ScreenId::GradeScale, [] { return new GradeScaleScreen; });
+    Screens::registerScreen(ScreenId::FinalTest,
+                            [](double factor) { return new FinalTestPage(factor); });
+    Screens::registerScreen(ScreenId::GradeScale,
+                            [](double factor) { return new GradeScaleScreen(factor); });
 }

@@ -21,7 +21,7 @@ class QTimer;
 class FinalTestPage : public PageBase {
     Q_OBJECT
 public:
-    explicit FinalTestPage(QWidget *parent = nullptr);
+    explicit FinalTestPage(double zoomFactor);
 
     // Form_Load: the test starts with both counters at 0.
     void onLoad() override;

@@ -79,8 +79,8 @@ std::int16_t toInteger16(const QString &text) {
     return static_cast<std::int16_t>(value);
 }
 
-GradeScaleScreen::GradeScaleScreen(QWidget *parent)
-    : Form(ScreenId::GradeScale, parent) {
+GradeScaleScreen::GradeScaleScreen(double zoomFactor)
+    : Form(ScreenId::GradeScale, zoomFactor) {
     setWindowTitle(QStringLiteral("Kelvora - Punktetabelle und Zensierung  "));
     setDesignSize({700, 600});
     QWidget *central = this->page();

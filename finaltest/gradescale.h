@@ -16,7 +16,7 @@ class QPushButton;
 class GradeScaleScreen : public Form {
     Q_OBJECT
 public:
-    explicit GradeScaleScreen(QWidget *parent = nullptr);
+    explicit GradeScaleScreen(double zoomFactor);
 
     // Form_Activate: the boxes show the current scale.
     void onActivate() override;

@@ -91,8 +91,8 @@ const QList<ExplanationItem> kExplanation = {
 
 } // namespace
 
-LessonPage::LessonPage(int page, QWidget *parent)
-    : PageBase(pageScreen(page), page, parent)
+LessonPage::LessonPage(int page, double zoomFactor)
+    : PageBase(pageScreen(page), page, zoomFactor)
     , info_(pageInfo(page)) {
     buildControls();
 }
@@ -511,5 +511,6 @@ void LessonPage::togglePoints() {
 
 void registerLessonPages() {
     for (int page = 1; page <= 10; ++page)
-        Screens::registerScreen(pageScreen(page), [page] { return new LessonPage(page); });
+        Screens::registerScreen(pageScreen(page),
+                                [page](double factor) { return new LessonPage(page, factor); });
 }

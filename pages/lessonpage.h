@@ -20,7 +20,7 @@ class QTimer;
 class LessonPage : public PageBase {
     Q_OBJECT
 public:
-    explicit LessonPage(int page, QWidget *parent = nullptr);
+    LessonPage(int page, double zoomFactor);
 
     // Form_Load: a new page starts with its first question; page 1 also starts the counts anew.
     void onLoad() override;

@@ -119,8 +119,8 @@ void TopicOption::keyPressEvent(QKeyEvent *e) {
         QRadioButton::keyPressEvent(e);
 }
 
-ControlCentre::ControlCentre(QWidget *parent)
-    : Form(ScreenId::ControlCentre, parent) {
+ControlCentre::ControlCentre(double zoomFactor)
+    : Form(ScreenId::ControlCentre, zoomFactor) {
     setWindowTitle(
         Theme::windowCaption(Theme::kControlCentreCaptionBlanks, QStringLiteral("Steuerzentrum")));
 

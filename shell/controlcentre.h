@@ -46,7 +46,7 @@ private:
 class ControlCentre : public Form {
     Q_OBJECT
 public:
-    explicit ControlCentre(QWidget *parent = nullptr);
+    explicit ControlCentre(double zoomFactor);
 
     // Form_Activate: no topic is chosen on arrival.
     void onActivate() override;

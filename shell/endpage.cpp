@@ -14,8 +14,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-EndPage::EndPage(QWidget *parent)
-    : Form(ScreenId::EndPage, parent) {
+EndPage::EndPage(double zoomFactor)
+    : Form(ScreenId::EndPage, zoomFactor) {
     setWindowTitle(QStringLiteral("Kelvora"));
 
     QWidget *central = tintedPage(this);

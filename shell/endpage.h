@@ -12,7 +12,7 @@ class SvgView;
 class EndPage : public Form {
     Q_OBJECT
 public:
-    explicit EndPage(QWidget *parent = nullptr);
+    explicit EndPage(double zoomFactor);
 
     // Form_Activate: the second picture appears.
     void onActivate() override;

@@ -8,9 +8,10 @@
 #include "startscreen.h"
 
 void registerShellScreens() {
-    Screens::registerScreen(ScreenId::Start, [] { return new StartScreen; });
-    Screens::registerScreen(ScreenId::ControlCentre, [] { return new ControlCentre; });
-    Screens::registerScreen(ScreenId::EndPage, [] { return new EndPage; });
+    Screens::registerScreen(ScreenId::Start, [](double factor) { return new StartScreen(factor); });
+    Screens::registerScreen(ScreenId::ControlCentre,
+                            [](double factor) { return new ControlCentre(factor); });
+    Screens::registerScreen(ScreenId::EndPage, [](double factor) { return new EndPage(factor); });
     for (ScreenId id : {ScreenId::WorkingMethod, ScreenId::Author, ScreenId::Requirements})
-        Screens::registerScreen(id, [id] { return new InfoScreen(id); });
+        Screens::registerScreen(id, [id](double factor) { return new InfoScreen(id, factor); });
 }

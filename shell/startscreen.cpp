@@ -17,8 +17,8 @@
 #include <array>
 #include <utility>
 
-StartScreen::StartScreen(QWidget *parent)
-    : Form(ScreenId::Start, parent) {
+StartScreen::StartScreen(double zoomFactor)
+    : Form(ScreenId::Start, zoomFactor) {
     setWindowTitle(QStringLiteral("Kelvora"));
 
     QWidget *central = tintedPage(this);

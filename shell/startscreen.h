@@ -13,7 +13,7 @@ class SvgView;
 class StartScreen : public Form {
     Q_OBJECT
 public:
-    explicit StartScreen(QWidget *parent = nullptr);
+    explicit StartScreen(double zoomFactor);
 
     // Form_Activate: reads the start position and dispatches.
     void onActivate() override;

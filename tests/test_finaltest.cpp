@@ -120,7 +120,7 @@ private Q_SLOTS:
         registerFinalTestScreens();
         for (ScreenId id :
              {ScreenId::Page10, ScreenId::EndPage, ScreenId::WorkingMethod, ScreenId::Page1})
-            Screens::registerScreen(id, [id] { return new Form(id); });
+            Screens::registerScreen(id, [id](double factor) { return new Form(id, factor); });
     }
     void init() { programme.emplace(); }
     void cleanup() {

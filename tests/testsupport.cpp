@@ -116,8 +116,8 @@ void TestProgramme::advance(double seconds) {
 
 QStringList ProbeForm::log;
 
-ProbeForm::ProbeForm(ScreenId id, const QString &name)
-    : Form(id)
+ProbeForm::ProbeForm(ScreenId id, const QString &name, double zoomFactor)
+    : Form(id, zoomFactor)
     , name_(name) {
     setWindowTitle(name);
 }
@@ -132,7 +132,8 @@ void ProbeForm::onActivate() {
 
 void registerProbes(const QList<QPair<ScreenId, QString>> &screens) {
     for (const auto &[id, name] : screens)
-        Screens::registerScreen(id, [id = id, name = name] { return new ProbeForm(id, name); });
+        Screens::registerScreen(
+            id, [id = id, name = name](double factor) { return new ProbeForm(id, name, factor); });
 }
 
 bool work(QWidget *screen, const QString &steps) {
