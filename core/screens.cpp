@@ -2,6 +2,7 @@
 #include "screens.h"
 
 #include "keyboard.h"
+#include "messagebox.h"
 #include "zoom.h"
 
 #include <QAccessibleWidget>
@@ -91,6 +92,12 @@ struct Layer {
 
 Layer &layer() {
     static Layer l;
+    static const bool boxesOverScreens = [] {
+        // The programme's message boxes open over the active screen.
+        Seams::setBoxParent([]() -> QWidget * { return layer().active; });
+        return true;
+    }();
+    Q_UNUSED(boxesOverScreens)
     return l;
 }
 

@@ -2,9 +2,9 @@
 #include "endpage.h"
 
 #include "course.h"
+#include "messagebox.h"
 #include "picture.h"
 #include "screens.h"
-#include "seams.h"
 #include "textfiles.h"
 #include "widgets.h"
 #include "zoom.h"

@@ -2,6 +2,7 @@
 #include "testsupport.h"
 
 #include "course.h"
+#include "messagebox.h"
 #include "screens.h"
 #include "seams.h"
 
