@@ -22,7 +22,7 @@ inline constexpr QColor kOverviewBorder{0, 96, 160}; // shape around "Wo bin ich
 inline constexpr QColor kPaceNote{255, 236, 160};    // the pace note's paper
 inline constexpr QColor kPaceNoteText{120, 0, 0};
 inline constexpr QColor kRight{27, 110, 42};         // "Richtig" in the final test
-inline constexpr QColor kWrong{179, 20, 30};         // "Falsch", hints that warn
+inline constexpr QColor kWrong{179, 20, 30};         // "Falsch", "Falsch!", hints that warn
 inline constexpr QColor kFeedbackRight{10, 110, 30}; // "Richtig!" in the feedback pictures
 inline constexpr QColor kResult{26, 63, 138};        // the grade and the explanation hint
 // Keyboard and contrast: the frame around the control that has the focus (at least 3:1 against
