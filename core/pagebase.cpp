@@ -6,6 +6,7 @@
 #include "screens.h"
 #include "textfiles.h"
 #include "theme.h"
+#include "topics.h"
 #include "widgets.h"
 #include "zoom.h"
 
@@ -178,15 +179,6 @@ QAction *menuEntry(QMenu *menu, const QString &caption, const QString &formName)
 
 } // namespace
 
-const std::array<QString, 11> kOverviewLines = {
-    QStringLiteral("Seite 1 (Frage 1 -  5)"),   QStringLiteral("Seite 2 (Frage 6 - 10)"),
-    QStringLiteral("Seite 3 (Frage 11 - 15)"),  QStringLiteral("Seite 4 (Frage 16 - 20)"),
-    QStringLiteral("Seite 5 (Frage 21 - 25)"),  QStringLiteral("Seite 6 (Frage 26 - 30)"),
-    QStringLiteral("Seite 7 (Frage 31 - 35)"),  QStringLiteral("Seite 8 (Frage 36 - 40)"),
-    QStringLiteral("Seite 9 (Frage 41 - 45)"),  QStringLiteral("Seite 10 (Frage 46 - 50)"),
-    QStringLiteral("Seite 11 (Abschlusstest)"),
-};
-
 QString explanationHtml(const QList<ExplanationItem> &items, int columns) {
     // With several columns a little room after each text keeps the columns apart.
     const QString gap = columns > 1 ? QStringLiteral("&nbsp;&nbsp;&nbsp;") : QString();
@@ -344,7 +336,7 @@ void PageBase::buildOverview(QWidget *central) {
     z.setMargins(layout, 14);
     z.setSpacing(layout, 2);
     for (std::size_t i = 0; i < overviewLines.size(); ++i) {
-        auto *line = new OverviewLine(kOverviewLines[i], overviewFrame);
+        auto *line = new OverviewLine(Topics::overviewLine(static_cast<int>(i)), overviewFrame);
         overviewLines[i] = line;
         layout->addWidget(line);
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "form.h"
+#include "topics.h"
 
 #include <QList>
 #include <QPointer>
@@ -84,9 +85,10 @@ public:
     QPushButton *restartButton = nullptr; // Command10
     QPushButton *stayButton = nullptr;    // Command12
 
-    QWidget *overviewBorder = nullptr;             // Shape6
-    QGroupBox *overviewFrame = nullptr;            // Frame2
-    std::array<QPushButton *, 11> overviewLines{}; // Label11 (Label20 on page 11); opens page i+1
+    QWidget *overviewBorder = nullptr;  // Shape6
+    QGroupBox *overviewFrame = nullptr; // Frame2
+    std::array<QPushButton *, Topics::kPages>
+        overviewLines{}; // Label11 (Label20 on page 11); opens page i+1
     QLabel *overviewNote = nullptr;
     QPushButton *overviewCloseButton = nullptr; // Command6
 
@@ -147,6 +149,3 @@ void connectCheckEntry(QAction *entry, QObject *context, std::function<void()> h
 // Keeps a panel that is not part of the page's layout where place() puts it, as the page changes
 // size and whenever the panel appears. Showing such a panel costs the page no new layout.
 void placeOver(QWidget *page, QWidget *panel, std::function<QRect(const QRect &, QSize)> place);
-
-// The lines of the page overview; line i opens page i + 1.
-extern const std::array<QString, 11> kOverviewLines;

@@ -36,9 +36,8 @@ QString cssColour(const QColor &colour);
 
 // Window captions: "Kelvora", a run of blanks and the screen's own title, so that the title sits
 // at the right end of the caption bar. The blank counts belong to each screen.
+// The pages' own are with the topics (topics.h).
 inline constexpr int kControlCentreCaptionBlanks = 105;
-inline constexpr int kLessonPageCaptionBlanks = 116;   // pages 1 to 9
-inline constexpr int kTwoDigitPageCaptionBlanks = 114; // pages 10 and 11 give up two blanks
 inline constexpr int kWorkingMethodCaptionBlanks = 109;
 inline constexpr int kAuthorCaptionBlanks = 100;
 inline constexpr int kRequirementsCaptionBlanks = 70;

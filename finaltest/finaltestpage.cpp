@@ -14,6 +14,7 @@
 #include "screens.h"
 #include "textfiles.h"
 #include "theme.h"
+#include "topics.h"
 #include "widgets.h"
 #include "zoom.h"
 
@@ -234,8 +235,7 @@ QGroupBox *FinalTestPage::buildQuestion(int k, QWidget *parent) {
 }
 
 void FinalTestPage::buildControls() {
-    setWindowTitle(
-        Theme::windowCaption(Theme::kTwoDigitPageCaptionBlanks, QStringLiteral("Seite 11")));
+    setWindowTitle(Topics::pageCaption(Topics::kFinalTestPage));
 
     QWidget *central = this->page();
     Zoom &z = zoom();

@@ -9,6 +9,7 @@
 #include "seams.h"
 #include "textfiles.h"
 #include "theme.h"
+#include "topics.h"
 #include "widgets.h"
 #include "zoom.h"
 
@@ -98,8 +99,7 @@ LessonPage::LessonPage(int page, double zoomFactor)
 }
 
 void LessonPage::buildControls() {
-    setWindowTitle(
-        Theme::windowCaption(info_.captionBlanks, QStringLiteral("Seite %1").arg(info_.number)));
+    setWindowTitle(Topics::pageCaption(info_.number));
 
     QWidget *central = page();
     Zoom &z = zoom();
