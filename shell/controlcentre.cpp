@@ -163,7 +163,6 @@ ControlCentre::ControlCentre(double zoomFactor)
                   {topicFrame, "Frame1"},
                   {emptyLabel, "Label5"}});
     connect(startButton, &QPushButton::clicked, this, &ControlCentre::startCourse);
-    setTabOrder(startButton, topics[0]);
 }
 
 void ControlCentre::onActivate() {
