@@ -112,7 +112,7 @@ void LessonPage::buildControls() {
                              .explanationName = QStringLiteral("Image4"),
                              .overviewLineName = QStringLiteral("Label11"),
                              .iconSize = 40});
-    overviewNote->setObjectName(QStringLiteral("Label1"));
+    overview->note->setObjectName(QStringLiteral("Label1"));
     if (info_.firstPage)
         addExplanationTimers(kExplanationMs, QStringLiteral("Label12"));
 

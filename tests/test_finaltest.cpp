@@ -104,7 +104,7 @@ class TestFinalTest : public QObject {
                 if (step == u"o"_s)
                     page->openOverview();
                 QTest::mouseClick(step == u"r"_s ? page->restartTestButton
-                                                 : page->overviewLines[10],
+                                                 : page->overview->lines[10],
                                   Qt::LeftButton);
                 QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
                 page = Screens::loaded<FinalTestPage>(ScreenId::FinalTest);
