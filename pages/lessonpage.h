@@ -9,7 +9,9 @@
 #include <array>
 
 class CaptionLabel;
+struct PageBank;
 class Picture;
+class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -82,7 +84,17 @@ private:
     // What it says with the button that takes the focus after an answer: the verdict with its
     // hint, the points and the pace note.
     QString spokenVerdict() const;
+    // The page's controls, built in the order of its rows.
     void buildControls();
+    void setupPageParts();
+    void setupQuestions(QGridLayout *grid, const PageBank &bank);
+    void setupOptions(QGridLayout *grid, const PageBank &bank);
+    void setupAnswer(QGridLayout *grid);
+    void setupPaceNote(QGridLayout *grid);
+    void setupRemarks(QGridLayout *grid, const PageBank &bank);
+    void setupExplanation(QGridLayout *grid);
+    void setupButtons(QGridLayout *grid);
+    void connectHandlers();
 
     const PageInfo &info_;
 };
