@@ -6,8 +6,10 @@
 #include "displaymodescreen.h"
 #include "finaltestpage.h"
 #include "lessonpage.h"
+#include "messagebox.h"
 #include "programmelock.h"
 #include "screens.h"
+#include "seams.h"
 #include "shell.h"
 #include "textfiles.h"
 
@@ -18,6 +20,8 @@
 int main(int argc, char *argv[]) {
     QApplication app(argc, argv);
     setUpApplication(app);
+    // A failure that ends the programme is reported in a box over the active screen.
+    Seams::setFailureHandler(Seams::showFailureBox);
 
     // One copy per programme folder: a second start brings the first copy's window to the front,
     // or says that Kelvora runs, and ends without touching the files.

@@ -3,7 +3,6 @@
 
 #include "accessibility.h"
 #include "keyboard.h"
-#include "screens.h"
 #include "zoom.h"
 
 #include <QCloseEvent>
@@ -17,7 +16,6 @@
 
 #include <array>
 #include <cmath>
-#include <utility>
 
 ScreenId pageScreen(int page) {
     if (page >= 1 && page <= 11)
@@ -43,13 +41,7 @@ namespace {
 // Posted when the window's size changed; several changes before the next frame make one.
 const QEvent::Type kZoomRequest = static_cast<QEvent::Type>(QEvent::registerEventType());
 
-double nextFactor = 1.0;
-
 } // namespace
-
-void Form::buildNextAt(double factor) {
-    nextFactor = factor;
-}
 
 // The window's inside below the menu bar: it holds the page at its zoomed size, centred, and asks
 // for a new zoom whenever its size changes.
@@ -80,8 +72,8 @@ private:
     QColor tint_;
 };
 
-Form::Form(ScreenId id, QWidget *parent)
-    : QMainWindow(parent)
+Form::Form(ScreenId id, double zoomFactor)
+    : QMainWindow(nullptr)
     , id_(id)
     , zoom_(new Zoom(this))
     , frame_(new PageFrame(this))
@@ -92,9 +84,8 @@ Form::Form(ScreenId id, QWidget *parent)
     setAutoFillBackground(true);
     setObjectName(formName(id));
     setCentralWidget(frame_);
-    const double factor = std::exchange(nextFactor, 1.0);
-    zoom_->setFactor(factor);
-    setFont(Zoom::pageFont(factor));
+    zoom_->setFactor(zoomFactor);
+    setFont(Zoom::pageFont(zoomFactor));
     setMinimumSize(designSize_ * Zoom::kSmallest);
 }
 
@@ -213,7 +204,7 @@ void Form::placePage() {
 bool Form::event(QEvent *e) {
     switch (e->type()) {
     case QEvent::WindowActivate:
-        Screens::activated(this);
+        Q_EMIT activated();
         break;
     case QEvent::Show:
         // Drawn for the first time at the right size, not one frame later.
@@ -292,5 +283,5 @@ void Form::keyPressEvent(QKeyEvent *e) {
 void Form::closeEvent(QCloseEvent *e) {
     // The close box unloads the screen; the screen layer ends the programme once none is left.
     e->ignore();
-    Screens::unload(this);
+    Q_EMIT closeRequested();
 }

@@ -7,12 +7,15 @@
 #include "gradescale.h"
 #include "grading.h"
 #include "keyboard.h"
+#include "messagebox.h"
 #include "picture.h"
 #include "printing.h"
 #include "resultlog.h"
 #include "screens.h"
 #include "seams.h"
+#include "textfiles.h"
 #include "theme.h"
+#include "topics.h"
 #include "widgets.h"
 #include "zoom.h"
 
@@ -162,8 +165,8 @@ protected:
 
 } // namespace
 
-FinalTestPage::FinalTestPage(Course &course, QWidget *parent)
-    : PageBase(ScreenId::FinalTest, 11, course, parent)
+FinalTestPage::FinalTestPage(Course &course, double zoomFactor)
+    : PageBase(ScreenId::FinalTest, 11, course, zoomFactor)
     , optionKeys_(new OptionKeys(this)) {
     buildControls();
     // The totals follow the test's counters; a grade given shows here.
@@ -248,8 +251,7 @@ QGroupBox *FinalTestPage::buildQuestion(int k, QWidget *parent) {
 }
 
 void FinalTestPage::buildControls() {
-    setWindowTitle(
-        Theme::windowCaption(Theme::kTwoDigitPageCaptionBlanks, QStringLiteral("Seite 11")));
+    setWindowTitle(Topics::pageCaption(Topics::kFinalTestPage));
 
     QWidget *central = this->page();
     Zoom &z = zoom();
@@ -610,7 +612,9 @@ void FinalTestPage::focusQuestion(int k) {
 }
 
 void registerFinalTestScreens(Course &course) {
-    Screens::registerScreen(ScreenId::FinalTest, [&course] { return new FinalTestPage(course); });
-    Screens::registerScreen(ScreenId::GradeScale,
-                            [&course] { return new GradeScaleScreen(course); });
+    Screens::registerScreen(ScreenId::FinalTest,
+                            [&course](double factor) { return new FinalTestPage(course, factor); });
+    Screens::registerScreen(ScreenId::GradeScale, [&course](double factor) {
+        return new GradeScaleScreen(course, factor);
+    });
 }

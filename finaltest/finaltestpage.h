@@ -25,7 +25,7 @@ class QVBoxLayout;
 class FinalTestPage : public PageBase {
     Q_OBJECT
 public:
-    explicit FinalTestPage(Course &course, QWidget *parent = nullptr);
+    FinalTestPage(Course &course, double zoomFactor);
 
     // Form_Load: the test starts with both counters at 0.
     void onLoad() override;

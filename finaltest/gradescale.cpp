@@ -90,8 +90,8 @@ std::int16_t toInteger16(const QString &text) {
     return static_cast<std::int16_t>(value);
 }
 
-GradeScaleScreen::GradeScaleScreen(Course &course, QWidget *parent)
-    : Form(ScreenId::GradeScale, parent)
+GradeScaleScreen::GradeScaleScreen(Course &course, double zoomFactor)
+    : Form(ScreenId::GradeScale, zoomFactor)
     , course_(course) {
     setWindowTitle(QStringLiteral("Kelvora - Punktetabelle und Zensierung  "));
     setDesignSize({700, 600});

@@ -17,7 +17,7 @@ class QPushButton;
 class GradeScaleScreen : public Form {
     Q_OBJECT
 public:
-    explicit GradeScaleScreen(Course &course, QWidget *parent = nullptr);
+    GradeScaleScreen(Course &course, double zoomFactor);
 
     // Form_Activate: the boxes show the current scale.
     void onActivate() override;

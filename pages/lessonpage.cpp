@@ -8,6 +8,7 @@
 #include "screens.h"
 #include "seams.h"
 #include "theme.h"
+#include "topics.h"
 #include "widgets.h"
 #include "zoom.h"
 
@@ -90,8 +91,8 @@ const QList<ExplanationItem> kExplanation = {
 
 } // namespace
 
-LessonPage::LessonPage(int page, Course &course, QWidget *parent)
-    : PageBase(pageScreen(page), page, course, parent)
+LessonPage::LessonPage(int page, Course &course, double zoomFactor)
+    : PageBase(pageScreen(page), page, course, zoomFactor)
     , info_(pageInfo(page)) {
     buildControls();
     // The points display follows the points as they are counted.
@@ -100,26 +101,60 @@ LessonPage::LessonPage(int page, Course &course, QWidget *parent)
 }
 
 void LessonPage::buildControls() {
-    setWindowTitle(
-        Theme::windowCaption(info_.captionBlanks, QStringLiteral("Seite %1").arg(info_.number)));
-
-    QWidget *central = page();
+    setWindowTitle(Topics::pageCaption(info_.number));
+    auto *grid = new QGridLayout(page());
     Zoom &z = zoom();
-    auto *grid = new QGridLayout(central);
     z.setMargins(grid, 14, 10, 14, 10);
     z.setSpacing(grid, 12, 8);
     grid->setColumnStretch(1, 1);
-    buildPageParts(central, {.withPointsEntry = true,
-                             .explanation = explanationHtml(kExplanation, 2),
-                             .explanationName = QStringLiteral("Image4"),
-                             .overviewLineName = QStringLiteral("Label11"),
-                             .iconSize = 40});
-    overviewNote->setObjectName(QStringLiteral("Label1"));
+    setupPageParts();
+
+    // The rows from top to bottom: question, options, answer, remarks, the button explanation and
+    // the buttons; the pace note floats beside the answer.
+    const PageBank &bank = pageBank(info_.number);
+    setupQuestions(grid, bank);
+    setupOptions(grid, bank);
+    setupAnswer(grid);
+    setupPaceNote(grid);
+    setupRemarks(grid, bank);
+    setupExplanation(grid);
+    setupButtons(grid);
+    answerEdit->setAccessibleDescription(spokenQuestion());
+
+    paceTimer = new QTimer(this);
+
+    setFormNames({{answerEdit, "Text1"},
+                  {questionHeading, "Label2"},
+                  {optionsHeading, "Label3"},
+                  {answerHeading, "Label4"},
+                  {remarksHeading, "Label5"},
+                  {pointsHeading, "Label6"},
+                  {instructionLabel, "Label7"},
+                  {paceNote, "Label8"},
+                  {pointsLabel, "Label9"},
+                  {nextQuestionButton, "Command1"},
+                  {previousPageButton, "Command2"},
+                  {nextPageButton, "Command4"},
+                  {retryButton, "Command5"},
+                  {paceTimer, "Timer1"}});
+
+    connectHandlers();
+}
+
+void LessonPage::setupPageParts() {
+    buildPageParts(page(), {.withPointsEntry = true,
+                            .explanation = explanationHtml(kExplanation, 2),
+                            .explanationName = QStringLiteral("Image4"),
+                            .overviewLineName = QStringLiteral("Label11"),
+                            .iconSize = 40});
+    overview->note->setObjectName(QStringLiteral("Label1"));
     if (info_.firstPage)
         addExplanationTimers(kExplanationMs, QStringLiteral("Label12"));
+}
 
-    const PageBank &bank = pageBank(info_.number);
-
+void LessonPage::setupQuestions(QGridLayout *grid, const PageBank &bank) {
+    QWidget *central = page();
+    Zoom &z = zoom();
     questionHeading = heading(QStringLiteral("Frage:"), central);
     grid->addWidget(questionHeading, 0, 0);
     for (std::size_t i = 0; i < questionPictures.size(); ++i) {
@@ -143,7 +178,10 @@ void LessonPage::buildControls() {
         grid->addWidget(questionPictures[i], 0, 1, 1, 2);
         questionPictures[i]->setVisible(i == 0);
     }
+}
 
+void LessonPage::setupOptions(QGridLayout *grid, const PageBank &bank) {
+    QWidget *central = page();
     optionsHeading = heading(QStringLiteral("Auswahl-      Antworten:"), central);
     grid->addWidget(optionsHeading, 1, 0);
     for (std::size_t i = 0; i < optionPictures.size(); ++i) {
@@ -152,7 +190,11 @@ void LessonPage::buildControls() {
         grid->addWidget(optionPictures[i], 1, 1, 1, 2);
         optionPictures[i]->setVisible(i == 0);
     }
+}
 
+void LessonPage::setupAnswer(QGridLayout *grid) {
+    QWidget *central = page();
+    Zoom &z = zoom();
     answerHeading = heading(QStringLiteral("Antwort:"), central);
     grid->addWidget(answerHeading, 2, 0, Qt::AlignVCenter);
     auto *answerRow = new QHBoxLayout;
@@ -175,7 +217,11 @@ void LessonPage::buildControls() {
     });
     answerRow->addWidget(instructionLabel, 1);
     grid->addLayout(answerRow, 2, 1);
+}
 
+void LessonPage::setupPaceNote(QGridLayout *grid) {
+    QWidget *central = page();
+    Zoom &z = zoom();
     paceNote = new CaptionLabel(kPaceNote, kPaceNoteRuns, central);
     paceNote->setWordWrap(true);
     paceNote->setFrameShape(QFrame::Box);
@@ -201,7 +247,10 @@ void LessonPage::buildControls() {
                   return QRect(topLeft, QSize(width, height->height()));
               });
     paceNote->hide();
+}
 
+void LessonPage::setupRemarks(QGridLayout *grid, const PageBank &bank) {
+    QWidget *central = page();
     remarksHeading = heading(QStringLiteral("Bemer-      kungen:"), central);
     grid->addWidget(remarksHeading, 3, 0);
     const int pictures = info_.highestFeedbackIndex + 1;
@@ -214,7 +263,10 @@ void LessonPage::buildControls() {
         feedbackPictures.append(picture);
     }
     grid->setRowStretch(3, 1);
+}
 
+void LessonPage::setupExplanation(QGridLayout *grid) {
+    Zoom &z = zoom();
     // The hint below the explanation: the pupil may call the explanation back while the hint
     // still shows.
     auto *explanationColumn = new QVBoxLayout;
@@ -225,7 +277,11 @@ void LessonPage::buildControls() {
         explanationColumn->addWidget(explanationHint);
     }
     grid->addLayout(explanationColumn, 4, 1, 1, 2);
+}
 
+void LessonPage::setupButtons(QGridLayout *grid) {
+    QWidget *central = page();
+    Zoom &z = zoom();
     auto *buttons = new QHBoxLayout;
     previousPageButton = new QPushButton(QStringLiteral("<<"), central);
     previousPageButton->setAccessibleName(QStringLiteral("Eine Seite zurück"));
@@ -255,25 +311,9 @@ void LessonPage::buildControls() {
     grid->addLayout(buttons, 5, 0, 1, 3);
     setActive(nextQuestionButton, false);
     setActive(retryButton, false);
-    answerEdit->setAccessibleDescription(spokenQuestion());
+}
 
-    paceTimer = new QTimer(this);
-
-    setFormNames({{answerEdit, "Text1"},
-                  {questionHeading, "Label2"},
-                  {optionsHeading, "Label3"},
-                  {answerHeading, "Label4"},
-                  {remarksHeading, "Label5"},
-                  {pointsHeading, "Label6"},
-                  {instructionLabel, "Label7"},
-                  {paceNote, "Label8"},
-                  {pointsLabel, "Label9"},
-                  {nextQuestionButton, "Command1"},
-                  {previousPageButton, "Command2"},
-                  {nextPageButton, "Command4"},
-                  {retryButton, "Command5"},
-                  {paceTimer, "Timer1"}});
-
+void LessonPage::connectHandlers() {
     connect(answerEdit, &QLineEdit::textChanged, this, &LessonPage::onAnswerChanged);
     answerEdit->installEventFilter(new ClickFilter(this, [this] { onAnswerClicked(); }));
     connect(nextQuestionButton, &QPushButton::clicked, this, &LessonPage::nextQuestion);
@@ -509,5 +549,7 @@ void LessonPage::togglePoints() {
 void registerLessonPages(Course &course) {
     for (int page = 1; page <= 10; ++page)
         Screens::registerScreen(pageScreen(page),
-                                [page, &course] { return new LessonPage(page, course); });
+                                [page, &course](double factor) {
+                                    return new LessonPage(page, course, factor);
+                                });
 }

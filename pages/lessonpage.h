@@ -11,7 +11,9 @@
 
 class CaptionLabel;
 class Course;
+struct PageBank;
 class Picture;
+class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -22,7 +24,7 @@ class QTimer;
 class LessonPage : public PageBase {
     Q_OBJECT
 public:
-    LessonPage(int page, Course &course, QWidget *parent = nullptr);
+    LessonPage(int page, Course &course, double zoomFactor);
 
     // Form_Load: a new page starts with its first question; page 1 also starts the counts anew.
     void onLoad() override;
@@ -90,7 +92,17 @@ private:
     // What it says with the button that takes the focus after an answer: the verdict with its
     // hint, the points and the pace note.
     QString spokenVerdict() const;
+    // The page's controls, built in the order of its rows.
     void buildControls();
+    void setupPageParts();
+    void setupQuestions(QGridLayout *grid, const PageBank &bank);
+    void setupOptions(QGridLayout *grid, const PageBank &bank);
+    void setupAnswer(QGridLayout *grid);
+    void setupPaceNote(QGridLayout *grid);
+    void setupRemarks(QGridLayout *grid, const PageBank &bank);
+    void setupExplanation(QGridLayout *grid);
+    void setupButtons(QGridLayout *grid);
+    void connectHandlers();
 
     const PageInfo &info_;
 };

@@ -2,9 +2,9 @@
 #include "endpage.h"
 
 #include "course.h"
+#include "messagebox.h"
 #include "picture.h"
 #include "screens.h"
-#include "seams.h"
 #include "textfiles.h"
 #include "widgets.h"
 #include "zoom.h"
@@ -14,8 +14,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-EndPage::EndPage(Course &course, QWidget *parent)
-    : Form(ScreenId::EndPage, parent)
+EndPage::EndPage(Course &course, double zoomFactor)
+    : Form(ScreenId::EndPage, zoomFactor)
     , course_(course) {
     setWindowTitle(QStringLiteral("Kelvora"));
 

@@ -13,7 +13,7 @@ class SvgView;
 class EndPage : public Form {
     Q_OBJECT
 public:
-    explicit EndPage(Course &course, QWidget *parent = nullptr);
+    EndPage(Course &course, double zoomFactor);
 
     // Form_Activate: the second picture appears.
     void onActivate() override;

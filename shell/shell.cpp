@@ -8,9 +8,12 @@
 #include "startscreen.h"
 
 void registerShellScreens(Course &course) {
-    Screens::registerScreen(ScreenId::Start, [&course] { return new StartScreen(course); });
-    Screens::registerScreen(ScreenId::ControlCentre, [] { return new ControlCentre; });
-    Screens::registerScreen(ScreenId::EndPage, [&course] { return new EndPage(course); });
+    Screens::registerScreen(ScreenId::Start,
+                            [&course](double factor) { return new StartScreen(course, factor); });
+    Screens::registerScreen(ScreenId::ControlCentre,
+                            [](double factor) { return new ControlCentre(factor); });
+    Screens::registerScreen(ScreenId::EndPage,
+                            [&course](double factor) { return new EndPage(course, factor); });
     for (ScreenId id : {ScreenId::WorkingMethod, ScreenId::Author, ScreenId::Requirements})
-        Screens::registerScreen(id, [id] { return new InfoScreen(id); });
+        Screens::registerScreen(id, [id](double factor) { return new InfoScreen(id, factor); });
 }

@@ -17,8 +17,8 @@
 #include <array>
 #include <utility>
 
-StartScreen::StartScreen(Course &course, QWidget *parent)
-    : Form(ScreenId::Start, parent)
+StartScreen::StartScreen(Course &course, double zoomFactor)
+    : Form(ScreenId::Start, zoomFactor)
     , course_(course) {
     setWindowTitle(QStringLiteral("Kelvora"));
 

@@ -14,7 +14,7 @@ class SvgView;
 class StartScreen : public Form {
     Q_OBJECT
 public:
-    explicit StartScreen(Course &course, QWidget *parent = nullptr);
+    StartScreen(Course &course, double zoomFactor);
 
     // Form_Activate: reads the start position and dispatches.
     void onActivate() override;

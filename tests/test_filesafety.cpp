@@ -117,7 +117,7 @@ class TestFileSafety : public QObject {
         }
         if (fileName == kStartFileName) {
             QTest::mouseClick(page->endButton, Qt::LeftButton);
-            QTest::mouseClick(page->resumeButton, Qt::LeftButton);
+            QTest::mouseClick(page->exitFrame->resumeButton, Qt::LeftButton);
             return Screens::programmeEnded();
         }
         for (int click = 0; click < 12; ++click)

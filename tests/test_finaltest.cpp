@@ -103,7 +103,7 @@ class TestFinalTest : public QObject {
                 if (step == u"o"_s)
                     page->openOverview();
                 QTest::mouseClick(step == u"r"_s ? page->restartTestButton
-                                                 : page->overviewLines[10],
+                                                 : page->overview->lines[10],
                                   Qt::LeftButton);
                 QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
                 page = Screens::loaded<FinalTestPage>(ScreenId::FinalTest);
@@ -119,7 +119,7 @@ private Q_SLOTS:
         TestProgramme::screens = registerFinalTestScreens;
         for (ScreenId id :
              {ScreenId::Page10, ScreenId::EndPage, ScreenId::WorkingMethod, ScreenId::Page1})
-            Screens::registerScreen(id, [id] { return new Form(id); });
+            Screens::registerScreen(id, [id](double factor) { return new Form(id, factor); });
     }
     void init() { programme.emplace(); }
     void cleanup() {

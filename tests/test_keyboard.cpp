@@ -70,7 +70,7 @@ QString where() {
         return u"-"_s;
     QString s = f->objectName();
     if (const auto *page = qobject_cast<const PageBase *>(f)) {
-        if (!page->overviewFrame->isHidden())
+        if (!page->overview->isHidden())
             s += u" Frame2"_s;
         if (!page->exitFrame->isHidden())
             s += u" Frame10"_s;

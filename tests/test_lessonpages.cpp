@@ -258,9 +258,9 @@ private Q_SLOTS:
         goToQuestion(prog, p, 2);
         const QString points = p->pointsLabel->text();
         p->openOverview();
-        QTest::mouseClick(p->overviewLines[std::size_t(page - 1)], Qt::LeftButton);
+        QTest::mouseClick(p->overview->lines[std::size_t(page - 1)], Qt::LeftButton);
         auto *reloaded = Screens::loaded<LessonPage>(pageScreen(page));
-        QVERIFY(reloaded && reloaded != p && reloaded->overviewFrame->isHidden());
+        QVERIFY(reloaded && reloaded != p && reloaded->overview->isHidden());
         settle();
         p = reloaded;
         QCOMPARE(visible(p->questionPictures), QList<int>{0});
@@ -282,9 +282,9 @@ private Q_SLOTS:
         // "Ich möchte nicht beenden" closes the exit frame and its cover without saving; the
         // other two save and end the programme.
         QTest::mouseClick(p->endButton, Qt::LeftButton);
-        QVERIFY(!p->exitFrame->isHidden() && !p->exitCover->isHidden());
-        QTest::mouseClick(p->stayButton, Qt::LeftButton);
-        QVERIFY(p->exitFrame->isHidden() && p->exitCover->isHidden() &&
+        QVERIFY(!p->exitFrame->isHidden() && !p->exitFrame->cover->isHidden());
+        QTest::mouseClick(p->exitFrame->stayButton, Qt::LeftButton);
+        QVERIFY(p->exitFrame->isHidden() && p->exitFrame->cover->isHidden() &&
                 prog.read(u"StartQelB.txt"_s).isNull());
         if (moved) { // the file goes where the last activation found the folder
             Seams::setProgrammeFolder([&prog] { return prog.path(u"moved"_s); });
@@ -292,7 +292,8 @@ private Q_SLOTS:
             Screens::show(pageScreen(page));
         }
         QTest::mouseClick(p->endButton, Qt::LeftButton);
-        QTest::mouseClick(restart ? p->restartButton : p->resumeButton, Qt::LeftButton);
+        QTest::mouseClick(restart ? p->exitFrame->restartButton : p->exitFrame->resumeButton,
+                          Qt::LeftButton);
         QVERIFY(Screens::programmeEnded() && !Screens::anyLoaded());
         QCOMPARE(prog.read(moved ? u"moved/StartQelB.txt"_s : u"StartQelB.txt"_s), saved);
     }

@@ -37,7 +37,8 @@ public:
 void registerTargetPages() {
     for (int id = int(ScreenId::Page1); id <= int(ScreenId::GradeScale); ++id)
         if (id != int(ScreenId::EndPage))
-            Screens::registerScreen(ScreenId(id), [id] { return new TargetPage(ScreenId(id)); });
+            Screens::registerScreen(
+                ScreenId(id), [id](double factor) { return new TargetPage(ScreenId(id), factor); });
 }
 
 } // namespace
@@ -125,7 +126,8 @@ private Q_SLOTS:
         const auto id = static_cast<ScreenId>(screen);
         TestProgramme programme;
         registerLessonPages(programme.course);
-        Screens::registerScreen(ScreenId::Page2, [] { return new TargetPage(ScreenId::Page2); });
+        Screens::registerScreen(
+            ScreenId::Page2, [](double factor) { return new TargetPage(ScreenId::Page2, factor); });
         auto *page = Screens::show<LessonPage>(ScreenId::Page1);
         (page->*entry)->trigger();
         auto *info = Screens::loaded<InfoScreen>(id);

@@ -6,10 +6,10 @@
 #include "endpage.h"
 #include "finaltestpage.h"
 #include "lessonpage.h"
+#include "messagebox.h"
 #include "picture.h"
 #include "screenfit.h"
 #include "screens.h"
-#include "seams.h"
 #include "testsupport.h"
 #include "zoom.h"
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "testsupport.h"
 
+#include "messagebox.h"
 #include "screens.h"
 #include "seams.h"
 #include "textfiles.h"
@@ -106,8 +107,8 @@ void TestProgramme::advance(double seconds) {
 
 QStringList ProbeForm::log;
 
-ProbeForm::ProbeForm(ScreenId id, const QString &name)
-    : Form(id)
+ProbeForm::ProbeForm(ScreenId id, const QString &name, double zoomFactor)
+    : Form(id, zoomFactor)
     , name_(name) {
     setWindowTitle(name);
 }
@@ -122,7 +123,8 @@ void ProbeForm::onActivate() {
 
 void registerProbes(const QList<QPair<ScreenId, QString>> &screens) {
     for (const auto &[id, name] : screens)
-        Screens::registerScreen(id, [id = id, name = name] { return new ProbeForm(id, name); });
+        Screens::registerScreen(
+            id, [id = id, name = name](double factor) { return new ProbeForm(id, name, factor); });
 }
 
 bool work(QWidget *screen, const QString &steps) {

@@ -84,7 +84,7 @@ template <class TestPage> void clickOptions(TestPage *page, const QList<int> &op
 class ProbeForm : public Form {
     Q_OBJECT
 public:
-    explicit ProbeForm(ScreenId id, const QString &name);
+    ProbeForm(ScreenId id, const QString &name, double zoomFactor);
     void onLoad() override;
     void onActivate() override;
 
