@@ -32,6 +32,11 @@ QString runProgram(const QString &program, const QStringList &arguments) {
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
+QString openFailure(const QString &path, QIODevice::OpenMode mode) {
+    QFile file(path);
+    return file.open(mode) ? QStringLiteral("opened") : file.errorString();
+}
+
 void setGradeScale(const QList<int> &minimums) {
     std::tie(course.gradeMin5, course.gradeMin4, course.gradeMin3, course.gradeMin2,
              course.gradeMin1) =
@@ -93,7 +98,7 @@ QString TestProgramme::folder() const {
 }
 
 QString TestProgramme::path(const QString &fileName) const {
-    return dir_.filePath(fileName);
+    return QDir::toNativeSeparators(dir_.filePath(fileName));
 }
 
 QByteArray TestProgramme::read(const QString &fileName) const {

@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QDateTime>
+#include <QIODevice>
 #include <QList>
 #include <QRadioButton>
 #include <QString>
@@ -31,6 +32,7 @@ public:
     TestProgramme(const TestProgramme &) = delete;
     TestProgramme &operator=(const TestProgramme &) = delete;
 
+    // The folder and a file in it with the platform's separators, as the programme forms paths.
     QString folder() const;
     QString path(const QString &fileName) const;
     QByteArray read(const QString &fileName) const;
@@ -56,6 +58,10 @@ QByteArray readFile(const QString &path);
 
 // Runs a program to its end: its standard output, or a null string when it failed.
 QString runProgram(const QString &program, const QStringList &arguments);
+
+// The system's own words for a file that cannot be opened there, in the way the programme words
+// a failure ("No such file or directory" on Linux).
+QString openFailure(const QString &path, QIODevice::OpenMode mode);
 
 // The grade scale, course.gradeMin5 .. course.gradeMin1; by default the one a start sets.
 void setGradeScale(const QList<int> &minimums = {20, 40, 60, 80, 96});
