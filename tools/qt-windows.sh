@@ -73,10 +73,11 @@ if [[ ! -d qtsvg ]]; then
 fi
 mkdir -p "$qtbase/src/3rdparty/wintab"
 cp "$here"/tools/windows/wintab/*.h "$qtbase/src/3rdparty/wintab/"
-# Qt GUI makes DirectWrite font engines only together with Direct2D, which this build leaves out;
-# Qt's Windows print engine then must not expect them either.
-sed -i 's/^#if QT_CONFIG(directwrite)$/#if QT_CONFIG(directwrite) \&\& QT_CONFIG(direct2d)/' \
-    "$qtbase/src/printsupport/platform/windows/qprintengine_win.cpp"
+# Qt GUI makes its DirectWrite font engines and font database only together with Direct2D, which
+# this build leaves out; Qt's Windows print engine and platform plugin then must not expect them.
+sed -i -E 's/^#if QT_CONFIG\((directwrite3?)\)$/#if QT_CONFIG(\1) \&\& QT_CONFIG(direct2d)/' \
+    "$qtbase/src/printsupport/platform/windows/qprintengine_win.cpp" \
+    "$qtbase/src/plugins/platforms/windows/qwindowsintegration.cpp"
 cp "$here/tools/windows/toolchain.cmake" toolchain.cmake
 
 # Only what the programme and its tests use: no SQL, network, OpenGL, D-Bus, XML or concurrency
