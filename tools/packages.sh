@@ -14,8 +14,9 @@ test_packages=(xvfb xauth poppler-utils g++-mingw-w64-x86-64 xserver-xorg-core
 sanitize_packages=(clang libclang-rt-dev)
 
 # The Windows build: MinGW-w64 builds Qt and the programme (dpkg-dev unpacks Qt's source), NSIS
-# makes the installer, Wine runs the tests on the tests' X server, driven by xdotool.
-windows_packages=(g++-mingw-w64-x86-64-posix dpkg-dev nsis wine64 xserver-xorg-core
+# makes the installer, Wine runs the tests on the tests' X server, driven by xdotool, with the
+# fonts every Windows has (Wine's own, and the Liberation fonts in place of Arial and the like).
+windows_packages=(g++-mingw-w64-x86-64-posix dpkg-dev nsis wine64 fonts-wine xserver-xorg-core
     xserver-xorg-video-dummy x11-xserver-utils xdotool python3)
 
 # The benchmark runs on the tests' X server, with a window manager that maximises windows.

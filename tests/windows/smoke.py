@@ -32,6 +32,7 @@ import zipfile
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "e2e"))
 import kelvora_e2e as e2e  # noqa: E402
 
+HERE = os.path.dirname(os.path.abspath(__file__))
 RESUME = {3: b'"3"\r\n', 4: b'"4"\r\n'}
 PAGE_3_ANSWERS = "bbacc"
 CHOSEN_MODE = "800 x 600"
@@ -55,10 +56,11 @@ class Wine:
         self.env = dict(os.environ, WINEPREFIX=os.path.join(scratch, "prefix"), WINEDEBUG="-all",
                         WINEDLLOVERRIDES="mscoree,mshtml=", LC_ALL="C.UTF-8")
         self.env.pop("WINEPATH", None)  # a copy must bring every library it needs
-        boot = dict(self.env, DISPLAY="")
-        subprocess.run([self.wine, "wineboot", "--init"], env=boot, capture_output=True,
+        # The prefix as tests/windows/wine.sh makes it: booted, the Liberation fonts as Arial,
+        # Times New Roman and Courier New.
+        boot = dict(self.env, KELVORA_WINE_DLLS="")
+        subprocess.run([os.path.join(HERE, "wine.sh"), "--boot"], env=boot, capture_output=True,
                        timeout=300, check=True)
-        subprocess.run([self.server, "--wait"], env=self.env, timeout=120)
         users = glob.glob(os.path.join(self.env["WINEPREFIX"], "drive_c", "users", "*",
                                        "AppData", "Roaming"))
         users = [u for u in users if "/users/Public/" not in u]

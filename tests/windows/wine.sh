@@ -3,7 +3,8 @@
 # Runs a programme of the Windows build under Wine, in a Wine prefix of the build's own.
 #   wine.sh <programme.exe> [arguments...]   runs it; its exit status is the programme's
 #   wine.sh --qtest <test.exe> [arguments...] runs a Qt Test executable and prints its log (under
-#                                             Wine its standard output is lost on a pipe)
+#                                             Wine its standard output is lost on a pipe), on an X
+#                                             screen of KELVORA_WINE_SCREEN (xrandr's "WxH") if set
 #   wine.sh --boot                            creates (or brings up to date) the prefix
 #   wine.sh --stop                            stops the prefix's Wine server and its processes
 # Environment: WINEPREFIX (required); KELVORA_WINE_DLLS, folders separated by ':' whose DLLs the
@@ -25,6 +26,13 @@ case "${1:?programme}" in
 --boot)
     mkdir -p "$WINEPREFIX"
     DISPLAY='' "$wine" wineboot --init >/dev/null 2>&1
+    # Every Windows has Arial, Times New Roman and Courier New, and Qt falls back to Arial; Wine
+    # has none of them, so the Liberation fonts with their metrics stand in, as on Linux.
+    for font in "Arial=Liberation Sans" "Times New Roman=Liberation Serif" \
+        "Courier New=Liberation Mono"; do
+        DISPLAY='' "$wine" reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "${font%%=*}" \
+            /d "${font#*=}" /f >/dev/null 2>&1
+    done
     "$wineserver" --wait
     ;;
 --stop)
@@ -32,6 +40,13 @@ case "${1:?programme}" in
     ;;
 --qtest)
     shift
+    # The screen size the test expects (the offscreen platform's on Linux). Wine reads the size
+    # when its server starts, so a change waits for the last programme's server to end.
+    if [ -n "${KELVORA_WINE_SCREEN:-}" ] &&
+        ! xrandr --query | grep -q "current ${KELVORA_WINE_SCREEN%x*} x ${KELVORA_WINE_SCREEN#*x},"; then
+        "$wineserver" --wait
+        xrandr --size "$KELVORA_WINE_SCREEN"
+    fi
     log=$(mktemp "${TMPDIR:-/tmp}/kelvora-qtest.XXXXXX")
     status=0
     "$0" "$@" -o "Z:$(printf '%s' "$log" | tr / '\\'),txt" || status=$?
