@@ -4,8 +4,7 @@
 #   wine.sh <programme.exe> [arguments...]   runs it; its exit status is the programme's
 #   wine.sh --qtest <test.exe> [arguments...] runs a Qt Test executable and prints its log (under
 #                                             Wine its standard output is lost on a pipe), on an X
-#                                             screen of KELVORA_WINE_SCREEN (xrandr's "WxH") if set,
-#                                             under KELVORA_WINE_WINDOW_MANAGER (openbox) if set
+#                                             screen of KELVORA_WINE_SCREEN (xrandr's "WxH") if set
 #   wine.sh --boot                            creates (or brings up to date) the prefix
 #   wine.sh --stop                            stops the prefix's Wine server and its processes
 # Environment: WINEPREFIX (required); KELVORA_WINE_DLLS, folders separated by ':' whose DLLs the
@@ -48,19 +47,11 @@ case "${1:?programme}" in
         "$wineserver" --wait
         xrandr --size "$KELVORA_WINE_SCREEN"
     fi
-    # Wine leaves maximising a window to the window manager, as on any X desktop.
-    wm=''
-    if [ -n "${KELVORA_WINE_WINDOW_MANAGER:-}" ]; then
-        "$KELVORA_WINE_WINDOW_MANAGER" --sm-disable >/dev/null 2>&1 &
-        wm=$!
-        sleep 1
-    fi
     log=$(mktemp "${TMPDIR:-/tmp}/kelvora-qtest.XXXXXX")
     status=0
     "$0" "$@" -o "Z:$(printf '%s' "$log" | tr / '\\'),txt" || status=$?
     cat "$log"
     rm -f "$log"
-    [ -z "$wm" ] || kill "$wm" 2>/dev/null || true
     exit "$status"
     ;;
 *)
