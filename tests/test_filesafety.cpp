@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStorageInfo>
+#include <QSysInfo>
 #include <QTest>
 
 #include <functional>
@@ -159,6 +160,8 @@ private Q_SLOTS:
         created.writeLine(u"a"_s);
         QVERIFY(created.close());
         QCOMPARE(QFile::permissions(fresh), QFile::permissions(reference));
+        if (QSysInfo::productType() == u"windows"_s)
+            QSKIP("Windows files have no owner, group and other permissions to keep");
 
         const auto shared = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser |
                             QFile::WriteUser | QFile::ReadGroup | QFile::WriteGroup;

@@ -468,7 +468,8 @@ private Q_SLOTS:
         int dark = 0;
         for (int i = 0; i < image.width() * image.height(); ++i)
             dark += qGray(image.pixel(i % image.width(), i / image.width())) < 96 ? 1 : 0;
-        QVERIFY2(dark > 400, qPrintable(QString::number(dark)));
+        // Ink of the drawing: the sparest, the transistor, has some 390 dark pixels on Windows.
+        QVERIFY2(dark > 300, qPrintable(QString::number(dark)));
     }
 };
 

@@ -29,6 +29,11 @@ QString runProgram(const QString &program, const QStringList &arguments) {
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
+QString openFailure(const QString &path, QIODevice::OpenMode mode) {
+    QFile file(path);
+    return file.open(mode) ? QStringLiteral("opened") : file.errorString();
+}
+
 QStringList entryTexts(const QListWidget *list) {
     QStringList texts;
     for (int i = 0; i < list->count(); ++i)
@@ -84,7 +89,7 @@ QString TestProgramme::folder() const {
 }
 
 QString TestProgramme::path(const QString &fileName) const {
-    return dir_.filePath(fileName);
+    return QDir::toNativeSeparators(dir_.filePath(fileName));
 }
 
 QByteArray TestProgramme::read(const QString &fileName) const {

@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 #include <QDateTime>
+#include <QIODevice>
 #include <QList>
 #include <QRadioButton>
 #include <QString>
@@ -37,6 +38,7 @@ public:
     // The screens every programme of the test registers with its course, as main() does.
     static inline std::function<void(Course &)> screens;
 
+    // The folder and a file in it with the platform's separators, as the programme forms paths.
     QString folder() const;
     QString path(const QString &fileName) const;
     QByteArray read(const QString &fileName) const;
@@ -62,6 +64,10 @@ QByteArray readFile(const QString &path);
 
 // Runs a program to its end: its standard output, or a null string when it failed.
 QString runProgram(const QString &program, const QStringList &arguments);
+
+// The system's own words for a file that cannot be opened there, in the way the programme words
+// a failure ("No such file or directory" on Linux).
+QString openFailure(const QString &path, QIODevice::OpenMode mode);
 
 class QListWidget;
 // The texts of a list's entries, in order.
