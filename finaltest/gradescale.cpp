@@ -31,8 +31,8 @@ QString blanks(int n) {
 // The default scale in words, grade 6 to grade 1, from the scale every start sets.
 QString defaultScaleText() {
     const GradeScale &scale = kDefaultGradeScale;
-    const auto percent = [&scale](std::size_t i) {
-        return QString::number(scale.at(i)) + u'%';
+    const auto percent = [](std::size_t i) {
+        return QString::number(kDefaultGradeScale.at(i)) + u'%';
     };
     QString text = QStringLiteral("bis unter ") + percent(0) + QStringLiteral(":") + blanks(2) +
                    QStringLiteral("Zensur 6,");
