@@ -26,7 +26,6 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRegularExpression>
-#include <QTest>
 
 #include <cmath>
 
@@ -205,11 +204,7 @@ private Q_SLOTS:
             "Qel11 Frame10", "Command12");
         row("answer field", ScreenId::Page3, "", "Return Enter", "Qel3", "Text1");
         row("Ich möchte nicht beenden", ScreenId::Page3, "Command3", "Return", "Qel3", "Text1");
-        row("Schließen", ScreenId::Page3, "mnuWo @Command6", "Return", "Qel3", "Text1");
         row("overview line", ScreenId::Page3, "mnuWo @Label11_6", "Enter", "Qel7", "");
-        row("information screen", ScreenId::WorkingMethod, "", "Enter", "Qel2", "");
-        row("grade scale", ScreenId::GradeScale, "@Command1", "Return", "Qel11", "");
-        row("display mode", ScreenId::DisplayMode, "@Command2", "Return", "Qel2", "");
         row("exit frame in the overview's place", ScreenId::Page1, "mnuWo Command3", "",
             "Qel1 Frame10", "Command12");
         row("overview in the exit frame's place", ScreenId::Page1, "Command3 mnuWo", "Escape",
@@ -225,6 +220,10 @@ private Q_SLOTS:
             "@Command2", "Tab Down Up Up Left", "Steuerzentrum", "Option1_9");
         row("control centre: Space chooses", ScreenId::ControlCentre, "@Option1_9", "Space",
             "Qel10", "");
+        row("final test: arrow keys move without choosing", ScreenId::FinalTest, "",
+            "Up Down Right Down Space Left Left", "Qel11", "Option1_0");
+        row("final test: Space chooses, the next question takes the focus", ScreenId::FinalTest, "",
+            "Space", "Qel11", "Option1_4");
     }
     void keys() {
         QFETCH(int, screen);
@@ -389,25 +388,6 @@ private Q_SLOTS:
             }
         }
         QVERIFY(texts > 0);
-    }
-
-    // The test from the keyboard: the arrow keys move between the options without choosing one
-    // (every choice is counted), Space chooses, and after the right one the next question takes
-    // the focus.
-    void finalTestByKeyboard() {
-        auto *page = static_cast<FinalTestPage *>(open(ScreenId::FinalTest));
-        QVERIFY(page);
-        QCOMPARE(QApplication::focusWidget(), page->optionButtons[0]);
-        const std::pair<const char16_t *, std::size_t> moves[] = {
-            {u"Up", 3}, {u"Down", 0}, {u"Right", 1}, {u"Down", 2}, {u"Space Left Left", 0}};
-        for (const auto &[keys, to] : moves) {
-            QVERIFY(press(QString::fromUtf16(keys)));
-            QCOMPARE(QApplication::focusWidget(), page->optionButtons[to]);
-        }
-        QCOMPARE(programme->course.testAnsweredCount(), 1);
-        QVERIFY(page->verdictLabels[2]->isVisible() && page->verdictLabels[1]->isHidden());
-        QTest::keyClick(page->optionButtons[0], Qt::Key_Space);
-        QCOMPARE(QApplication::focusWidget(), page->optionButtons[4]);
     }
 };
 
