@@ -127,42 +127,39 @@ private Q_SLOTS:
     void resultLog_data() {
         QTest::addColumn<QString>("steps");
         QTest::addColumn<QByteArray>("expected");
-        QTest::addColumn<QString>("totals");    // Label7 "von" Label9 after the last step
-        QTest::addColumn<QString>("announced"); // after the last click
+        QTest::addColumn<QString>("totals"); // Label7 "von" Label9 after the last step
 
         // The end of the log: the totals after an empty line (after wrong clicks in question
         // 10, two: the end-to-end test).
         QTest::newRow("question 10 without a wrong click, its second right option")
             << u"0 7 9 14 17 20 26 29 33 39"_s
             << kLastQuestion + "    Schalter - Richtig\r\n\r\n 10 Punkte von 10 Punkten\r\n" + kDate
-            << u"10/10"_s
-            << u"Richtig, Aufgabe gelöst. Punkte: 1 von 1. Gesamtpunkte: 10 von 10."_s;
+            << u"10/10"_s;
         QTest::newRow("the lines of a first click reach the disk at once")
             << u"1"_s
             << logOf({}) + kQuestion[0] +
                    "    freie Elektronen und L\xf6"
                    "cher - Falsch\r\n"
-            << u"0/1"_s << u"Falsch. Punkte: 0 von 1. Gesamtpunkte: 0 von 1."_s;
+            << u"0/1"_s;
         QTest::newRow("re-activation in question 1 creates the log anew")
             << u"2 a 3 0"_s
             << logOf({"    Ionen und freie Elektronen - Falsch\r\n"
                       "    freie Elektronen - Richtig\r\n"})
-            << u"1/3"_s << u"Richtig, Aufgabe gelöst. Punkte: 1 von 3. Gesamtpunkte: 1 von 3."_s;
+            << u"1/3"_s;
         QTest::newRow("a return to an option; re-activation in question 2 repeats its heading")
             << u"0 4 5 4 a 7"_s
             << logOf({"    freie Elektronen - Richtig\r\n",
                       "    freie Elektronen - Falsch\r\n    freie Elektronen und L\xf6"
                       "cher - Falsch\r\n    freie Elektronen - Falsch\r\n" +
                           kQuestion[1] + "    Ionen und freie Elektronen - Richtig\r\n"})
-            << u"2/5"_s << u"Richtig, Aufgabe gelöst. Punkte: 1 von 4. Gesamtpunkte: 2 von 5."_s;
+            << u"2/5"_s;
         // "Test neu beginnen" and this page's line in the overview: the log starts anew.
         for (const char *step : {"r", "o"})
             QTest::addRow("%s, then a first click", step)
                 << u"2 0 4 %1 1 0"_s.arg(QLatin1String(step))
                 << logOf({"    freie Elektronen und L\xf6"
                           "cher - Falsch\r\n    freie Elektronen - Richtig\r\n"})
-                << u"1/2"_s
-                << u"Richtig, Aufgabe gelöst. Punkte: 1 von 2. Gesamtpunkte: 1 von 2."_s;
+                << u"1/2"_s;
     }
 
     // NOLINTEND(bugprone-suspicious-missing-comma)
@@ -171,14 +168,12 @@ private Q_SLOTS:
         QFETCH(QString, steps);
         QFETCH(QByteArray, expected);
         QFETCH(QString, totals);
-        QFETCH(QString, announced);
         FinalTestPage *page = openPage();
         QVERIFY(page);
         page = run(page, steps);
         const QByteArray log = programme->read(u"TestergebnisQel.doc"_s);
         QCOMPARE(expected.startsWith("Aufgabe") ? log.right(expected.size()) : log, expected);
         QCOMPARE(page->totalCorrectLabel->text() + u'/' + page->totalAnsweredLabel->text(), totals);
-        QCOMPARE(::announced(page), announced);
     }
 
     // The button explanation until question 2 is solved (its timers as on page 1, tested there;
@@ -197,8 +192,6 @@ private Q_SLOTS:
         run(page, u"20 26 29 33 39"_s);
         QCOMPARE(glance(page),
                  u"(6) (7) (8) (9) (10) Command7 Command1 Command4 Command5 Timer2"_s);
-        QCOMPARE(page->gradeButton->accessibleDescription(),
-                 u"Test beendet: 10 Punkte von 11 Punkten"_s);
         QVERIFY_THROWS_EXCEPTION(ProgrammeFailure, ResultLog::writeEmptyLine()); // closed
         QTest::mouseClick(page->endPageButton, Qt::LeftButton);
         QCOMPARE(Screens::activeScreen()->screenId(), ScreenId::EndPage);
@@ -252,7 +245,6 @@ private Q_SLOTS:
         QCOMPARE(page->explanationEntry->isChecked(), !typed.isEmpty());
         QCOMPARE(page->gradeLabel->isVisible(), !grade.isEmpty());
         QCOMPARE(page->gradeLabel->text(), grade);
-        QCOMPARE(page->endPageButton->accessibleDescription(), grade.simplified());
         if (grade.isEmpty())
             QVERIFY(!QFile::exists(programme->path(u"ZensurQel.txt"_s)));
         else

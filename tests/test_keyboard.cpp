@@ -96,29 +96,23 @@ bool press(const QString &keys) {
     return true;
 }
 
-// The pixels of a control drawn in the colour of the focus frame.
-int framePixels(QWidget *w) {
-    const QImage image = w->grab().toImage();
+// The pixels of an image in the colour of the focus frame, within `area`.
+int framePixels(const QImage &image, const QRect &area) {
     int count = 0;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        for (int x = area.left(); x <= area.right(); ++x)
             count += QColor(image.pixel(x, y)) == Theme::kFocusFrame;
     return count;
 }
 
-// Pixels of the focus frame where a push button, without the focus, shows its text or icon (the
-// box around its dark pixels): the frame must keep off them.
-int frameOverContent(const QImage &focused, const QImage &unfocused) {
-    QRect content;
-    for (int y = 0; y < unfocused.height(); ++y)
-        for (int x = 0; x < unfocused.width(); ++x)
-            if (qGray(unfocused.pixel(x, y)) < 80)
-                content |= QRect(x, y, 1, 1);
-    int count = 0;
-    for (int y = content.top(); y <= content.bottom(); ++y)
-        for (int x = content.left(); x <= content.right(); ++x)
-            count += QColor(focused.pixel(x, y)) == Theme::kFocusFrame;
-    return count;
+// Where a push button shows its text or icon: the box around its dark pixels.
+QRect content(const QImage &image) {
+    QRect box;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qGray(image.pixel(x, y)) < 80)
+                box |= QRect(x, y, 1, 1);
+    return box;
 }
 
 // The shown controls a screen reader stops at, in the order it reads them.
@@ -284,17 +278,20 @@ private Q_SLOTS:
              w = QApplication::focusWidget()) {
             // At least two full-height sides of a frame around the control, or its current entry.
             const int height = qobject_cast<QListWidget *>(w) ? 24 : w->height();
-            QVERIFY2(framePixels(w) >= 4 * (height - 6), qPrintable(w->objectName()));
+            const QImage focused = w->grab().toImage();
+            QVERIFY2(framePixels(focused, focused.rect()) >= 4 * (height - 6),
+                     qPrintable(w->objectName()));
             QVERIFY(contrast(Theme::kFocusFrame, background(w)) >= 3.0);
             visited.append(w);
             names.append(w->objectName());
-            const QImage focused = w->grab().toImage();
             QTest::keyClick(w, Qt::Key_Tab);
             if (QApplication::focusWidget() == w)
                 continue;
-            QCOMPARE(framePixels(w), 0);
+            // Without the focus no frame; with it, clear of a button's text and icon.
+            const QImage unfocused = w->grab().toImage();
+            QCOMPARE(framePixels(unfocused, unfocused.rect()), 0);
             if (qobject_cast<QPushButton *>(w))
-                QVERIFY2(frameOverContent(focused, w->grab().toImage()) == 0,
+                QVERIFY2(framePixels(focused, content(unfocused)) == 0,
                          qPrintable(w->objectName()));
         }
         QCOMPARE(names.join(u' '), round);

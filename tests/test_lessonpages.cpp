@@ -9,7 +9,6 @@
 #include "testsupport.h"
 #include "theme.h"
 
-#include <QAccessible>
 #include <QAction>
 #include <QImage>
 #include <QLabel>
@@ -277,17 +276,9 @@ private Q_SLOTS:
         for (QPushButton *button :
              {page->previousPageButton, page->nextPageButton, page->endButton})
             QCOMPARE(button->isEnabled(), !note);
-        // What a screen reader says with the control that has the focus: the question with the
-        // empty field, which a click leaves there, else the verdict, the points and the pace note.
-        const QString said = page->focusWidget()->accessibleDescription();
-        if (pictures.isEmpty()) {
+        if (pictures.isEmpty()) { // a click into the empty field leaves the focus there
             QTest::mouseClick(page->answerEdit, Qt::LeftButton);
             QCOMPARE(page->focusWidget(), page->answerEdit);
-            QVERIFY2(said.startsWith(u"Seite 1. 1. Welche zwei Voraussetzungen"), qPrintable(said));
-        } else {
-            const QString verdict = page->feedbackPictures.at(pictures.last())->plainText();
-            QVERIFY2(said.startsWith(verdict + u" Punkte:"_s + points + u'.'), qPrintable(said));
-            QCOMPARE(said.endsWith(u"Du arbeitest also zu hastig!"), note);
         }
         if (!note)
             return;
@@ -368,10 +359,6 @@ private Q_SLOTS:
         QCOMPARE(shown->plainText(), text);
         const QString read = description.isEmpty() ? text : text + u' ' + description;
         QCOMPARE(shown->accessibleName().left(description.isEmpty() ? -1 : read.size()), read);
-        QAccessibleInterface *iface =
-            QAccessible::queryAccessibleInterface(const_cast<Picture *>(shown));
-        QVERIFY(iface->role() == QAccessible::StaticText && iface->childCount() == 0);
-        QCOMPARE(iface->text(QAccessible::Name), shown->accessibleName());
         QVERIFY2(shown->html().contains(markup), qPrintable(shown->html()));
         if (description.isEmpty())
             return;

@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 #include <QDateTime>
+#include <QDir>
 #include <QIODevice>
 #include <QList>
 #include <QRadioButton>
@@ -17,6 +18,9 @@
 #include <cstddef>
 #include <functional>
 #include <stdexcept>
+
+// The bytes of a file; a null array when there is none.
+QByteArray readFile(const QString &path);
 
 // What a failure that ends the programme raises inside the tests.
 struct ProgrammeFailure : std::runtime_error {
@@ -38,14 +42,18 @@ public:
     static inline std::function<void(Course &)> screens;
 
     // The folder and a file in it with the platform's separators, as the programme forms paths.
-    QString folder() const;
-    QString path(const QString &fileName) const;
-    QByteArray read(const QString &fileName) const;
+    QString folder() const { return QDir::toNativeSeparators(dir_.path()); }
+    QString path(const QString &fileName) const {
+        return QDir::toNativeSeparators(dir_.filePath(fileName));
+    }
+    QByteArray read(const QString &fileName) const { return readFile(path(fileName)); }
     void write(const QString &fileName, const QByteArray &bytes) const;
 
     // The clock stands still at 09:05:07 on 3 April 2026 until the test moves it.
-    void setTime(double secondsSinceMidnight);
-    void advance(double seconds);
+    void setTime(double secondsSinceMidnight) {
+        now_ = QDateTime(now_.date(), QTime(0, 0).addMSecs(qRound(secondsSinceMidnight * 1000)));
+    }
+    void advance(double seconds) { now_ = now_.addMSecs(qRound64(seconds * 1000)); }
 
     // Yes/no questions take these answers in order; each question asked is recorded.
     QList<bool> answers;
@@ -57,9 +65,6 @@ private:
     QTemporaryDir dir_;
     QDateTime now_;
 };
-
-// The bytes of a file; a null array when there is none.
-QByteArray readFile(const QString &path);
 
 // Runs a program to its end: its standard output, or a null string when it failed.
 QString runProgram(const QString &program, const QStringList &arguments);
@@ -87,8 +92,8 @@ class ProbeForm : public Form {
     Q_OBJECT
 public:
     ProbeForm(ScreenId id, const QString &name, double zoomFactor);
-    void onLoad() override;
-    void onActivate() override;
+    void onLoad() override { log << name_ + QStringLiteral(":load"); }
+    void onActivate() override { log << name_ + QStringLiteral(":activate"); }
 
     static QStringList log;
 
