@@ -11,7 +11,6 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRegularExpression>
-#include <QTest>
 
 namespace {
 
@@ -26,25 +25,18 @@ QString serverSize() {
     return m.hasMatch() ? m.captured(1) + QStringLiteral(" x ") + m.captured(2) : QString();
 }
 
-// Every mode of the primary output in the server's order, each size once.
+// The sizes of the primary output's modes in the server's order, each once.
 QStringList serverModes() {
-    const QStringList lines = xrandr({QStringLiteral("--verbose")}).split(u'\n');
-    static const QRegularExpression width(QStringLiteral(R"(^\s+h: width\s+(\d+))"));
-    static const QRegularExpression height(QStringLiteral(R"(^\s+v: height\s+(\d+))"));
+    static const QRegularExpression mode(QStringLiteral(R"(^\s+(\d+)x(\d+)\s)"));
     QStringList modes;
-    bool inOutput = false;
-    QString pendingWidth;
-    for (const QString &line : lines) {
+    bool primary = false;
+    for (const QString &line : xrandr({QStringLiteral("--query")}).split(u'\n')) {
         if (!line.isEmpty() && !line.front().isSpace())
-            inOutput = line.contains(QStringLiteral(" connected primary"));
-        else if (!inOutput)
-            continue;
-        if (const auto m = width.match(line); m.hasMatch())
-            pendingWidth = m.captured(1);
-        else if (const auto h = height.match(line); h.hasMatch() && !pendingWidth.isEmpty())
-            modes.append(std::exchange(pendingWidth, {}) + QStringLiteral(" x ") + h.captured(1));
+            primary = line.contains(QStringLiteral(" connected primary"));
+        else if (const auto m = mode.match(line); primary && m.hasMatch())
+            modes.append(m.captured(1) + QStringLiteral(" x ") + m.captured(2));
     }
-    modes.removeDuplicates(); // keeps the first of each
+    modes.removeDuplicates();
     return modes;
 }
 

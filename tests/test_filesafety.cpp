@@ -18,7 +18,6 @@
 #include <QPushButton>
 #include <QStorageInfo>
 #include <QSysInfo>
-#include <QTest>
 
 #include <functional>
 #include <optional>

@@ -9,16 +9,11 @@
 #include "testsupport.h"
 #include "theme.h"
 
-#include <QAccessible>
 #include <QAction>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QPushButton>
-#include <QRadioButton>
-#include <QTest>
-#include <QTimer>
 
 #include <optional>
 
@@ -33,12 +28,12 @@ const QByteArray kQuestion[] = {
     "Strom?\r\n"};
 const QByteArray kLastQuestion = "Aufgabe 10\r\nWelche Funktion hat ein Transistor?\r\n";
 
-// The whole log: the heading, each question with its click lines and an empty line, then `tail`.
-QByteArray logOf(const QByteArrayList &clicks, const QByteArray &tail = {}) {
+// The log from its heading: each question with its click lines and an empty line.
+QByteArray logOf(const QByteArrayList &clicks) {
     QByteArray log = "               Test Kelvora\r\n\r\n";
     for (qsizetype k = 0; k < clicks.size(); ++k)
         log += kQuestion[k] + clicks[k] + "\r\n";
-    return log + tail;
+    return log;
 }
 
 // The page at a glance: the questions on view (solved ones in brackets), then the controls on
@@ -66,17 +61,6 @@ QString glance(FinalTestPage *p) {
 }
 
 const QByteArray kDate = "03.04.2026 09:05:07\r\n"; // leading zeros, whatever the locale
-
-// What screen readers say by itself, where no control takes the focus: the notifications shown.
-QString announced(QWidget *screen) {
-    QStringList said;
-    for (QWidget *w : screen->findChildren<QWidget *>()) {
-        QAccessibleInterface *iface = QAccessible::queryAccessibleInterface(w);
-        if (iface->role() == QAccessible::Notification && !w->isHidden())
-            said << iface->text(QAccessible::Name);
-    }
-    return said.join(u' ');
-}
 
 } // namespace
 
@@ -131,43 +115,39 @@ private Q_SLOTS:
     void resultLog_data() {
         QTest::addColumn<QString>("steps");
         QTest::addColumn<QByteArray>("expected");
-        QTest::addColumn<QString>("totals");    // Label7 "von" Label9 after the last step
-        QTest::addColumn<QString>("announced"); // after the last click
+        QTest::addColumn<QString>("totals"); // Label7 "von" Label9 after the last step
 
         // The end of the log: the totals after an empty line (after wrong clicks in question
         // 10, two: the end-to-end test).
         QTest::newRow("question 10 without a wrong click, its second right option")
             << u"0 7 9 14 17 20 26 29 33 39"_s
             << kLastQuestion + "    Schalter - Richtig\r\n\r\n 10 Punkte von 10 Punkten\r\n" + kDate
-            << u"10/10"_s
-            << u"Richtig, Aufgabe gelöst. Punkte: 1 von 1. Gesamtpunkte: 10 von 10."_s;
+            << u"10/10"_s;
+        QTest::newRow("the lines of a first click reach the disk at once")
+            << u"1"_s
+            << logOf({}) + kQuestion[0] +
+                   "    freie Elektronen und L\xf6"
+                   "cher - Falsch\r\n"
+            << u"0/1"_s;
         QTest::newRow("re-activation in question 1 creates the log anew")
             << u"2 a 3 0"_s
             << logOf({"    Ionen und freie Elektronen - Falsch\r\n"
                       "    freie Elektronen - Richtig\r\n"})
-            << u"1/3"_s << u"Richtig, Aufgabe gelöst. Punkte: 1 von 3. Gesamtpunkte: 1 von 3."_s;
+            << u"1/3"_s;
         QTest::newRow("a return to an option; re-activation in question 2 repeats its heading")
             << u"0 4 5 4 a 7"_s
             << logOf({"    freie Elektronen - Richtig\r\n",
                       "    freie Elektronen - Falsch\r\n    freie Elektronen und L\xf6"
                       "cher - Falsch\r\n    freie Elektronen - Falsch\r\n" +
                           kQuestion[1] + "    Ionen und freie Elektronen - Richtig\r\n"})
-            << u"2/5"_s << u"Richtig, Aufgabe gelöst. Punkte: 1 von 4. Gesamtpunkte: 2 von 5."_s;
-        QTest::newRow("restart truncates the log at the first click")
-            << u"2 0 4 r 1 0"_s
-            << logOf({"    freie Elektronen und L\xf6"
-                      "cher - Falsch\r\n    freie Elektronen - Richtig\r\n"})
-            << u"1/2"_s << u"Richtig, Aufgabe gelöst. Punkte: 1 von 2. Gesamtpunkte: 1 von 2."_s;
-        QTest::newRow("a wrong click")
-            << u"0 5"_s
-            << kQuestion[1] + "    freie Elektronen und L\xf6"
-                              "cher - Falsch\r\n"
-            << u"1/2"_s << u"Falsch. Punkte: 0 von 1. Gesamtpunkte: 1 von 2."_s;
-        QTest::newRow("this page's line in the overview starts a new test too")
-            << u"2 0 4 o 1 0"_s
-            << logOf({"    freie Elektronen und L\xf6"
-                      "cher - Falsch\r\n    freie Elektronen - Richtig\r\n"})
-            << u"1/2"_s << u"Richtig, Aufgabe gelöst. Punkte: 1 von 2. Gesamtpunkte: 1 von 2."_s;
+            << u"2/5"_s;
+        // "Test neu beginnen" and this page's line in the overview: the log starts anew.
+        for (const char *step : {"r", "o"})
+            QTest::addRow("%s, then a first click", step)
+                << u"2 0 4 %1 1 0"_s.arg(QLatin1String(step))
+                << logOf({"    freie Elektronen und L\xf6"
+                          "cher - Falsch\r\n    freie Elektronen - Richtig\r\n"})
+                << u"1/2"_s;
     }
 
     // NOLINTEND(bugprone-suspicious-missing-comma)
@@ -176,26 +156,19 @@ private Q_SLOTS:
         QFETCH(QString, steps);
         QFETCH(QByteArray, expected);
         QFETCH(QString, totals);
-        QFETCH(QString, announced);
         FinalTestPage *page = openPage();
         QVERIFY(page);
         page = run(page, steps);
         const QByteArray log = programme->read(u"TestergebnisQel.doc"_s);
         QCOMPARE(expected.startsWith("Aufgabe") ? log.right(expected.size()) : log, expected);
         QCOMPARE(page->totalCorrectLabel->text() + u'/' + page->totalAnsweredLabel->text(), totals);
-        QCOMPARE(::announced(page), announced);
     }
 
     // The button explanation until question 2 is solved (its timers as on page 1, tested there;
     // Timer2 runs on), then the pupil works through the test and leaves.
     void pageAtAGlance() {
         FinalTestPage *page = openPage();
-        QCOMPARE(page->viewMenu->actions().size(), 2); // no "Punktanzeige"
         QCOMPARE(glance(page), u"1 Image1 Label17 mnuSteuer Timer2"_s);
-        // A screen reader reads the options with their question, the word broken by hand whole.
-        QCOMPARE(
-            page->questionFrames[1]->accessibleName(),
-            u"Aufgabe 2: Welche Ladungsträger leiten nach Stoßionisation in Gasen den Strom?"_s);
         run(page, u"0 7"_s);
         QCOMPARE(glance(page), u"(1) (2) 3 Label17 Command4 Timer2"_s);
         run(page, u"9 14 16"_s);
@@ -207,8 +180,6 @@ private Q_SLOTS:
         run(page, u"20 26 29 33 39"_s);
         QCOMPARE(glance(page),
                  u"(6) (7) (8) (9) (10) Command7 Command1 Command4 Command5 Timer2"_s);
-        QCOMPARE(page->gradeButton->accessibleDescription(),
-                 u"Test beendet: 10 Punkte von 11 Punkten"_s);
         QVERIFY_THROWS_EXCEPTION(ProgrammeFailure, ResultLog::writeEmptyLine()); // closed
         QTest::mouseClick(page->endPageButton, Qt::LeftButton);
         QCOMPARE(Screens::activeScreen()->screenId(), ScreenId::EndPage);
@@ -240,12 +211,9 @@ private Q_SLOTS:
         programme->answers << !typed.isEmpty();
         page->askForGrade();
         if (auto *zens = Screens::loaded<GradeScaleScreen>(ScreenId::GradeScale)) {
-            // The default scale in words, blanks and all.
-            QVERIFY(zens->explanationLabel->caption().endsWith(
-                u"festgelegt:        bis unter 20%:  Zensur 6,        mindestens 20% bis unter "
-                u"40%:  Zensur 5,        mindestens 40% bis unter 60%:  Zensur 4,        "
-                u"mindestens 60% bis unter 80%:  Zensur 3,        mindestens 80% bis unter 96%:  "
-                u"Zensur 2,        mindestens 96%:  Zensur 1."_s));
+            // The default scale in words.
+            QVERIFY(zens->explanationLabel->caption().contains(
+                u"mindestens 80% bis unter 96%:  Zensur 2,        mindestens 96%:  Zensur 1."_s));
             QTest::mouseClick(zens->changeScaleButton, Qt::LeftButton);
             QVERIFY(!zens->changeScaleButton->isEnabled() &&
                     zens->thresholdEdits[0]->text().isEmpty());
@@ -257,13 +225,6 @@ private Q_SLOTS:
             }
             QCOMPARE(programme->course.gradeScale(), (GradeScale{50, 60, 70, 80, 90}));
             QCOMPARE(zens->thresholdEdits[0]->text() + zens->thresholdEdits[3]->text(), u"5080"_s);
-            // A screen reader reads a box's text as one run: "50", not "5".
-            QAccessibleTextInterface *box =
-                QAccessible::queryAccessibleInterface(zens->thresholdEdits[0])->textInterface();
-            int start = -1;
-            int end = -1;
-            box->attributes(1, &start, &end);
-            QCOMPARE(box->text(start, end), u"50"_s);
             QTest::mouseClick(zens->gradeButton, Qt::LeftButton);
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             QVERIFY(!Screens::loaded(ScreenId::GradeScale));
@@ -272,7 +233,6 @@ private Q_SLOTS:
         QCOMPARE(page->explanationEntry->isChecked(), !typed.isEmpty());
         QCOMPARE(page->gradeLabel->isVisible(), !grade.isEmpty());
         QCOMPARE(page->gradeLabel->text(), grade);
-        QCOMPARE(page->endPageButton->accessibleDescription(), grade.simplified());
         if (grade.isEmpty())
             QVERIFY(!QFile::exists(programme->path(u"ZensurQel.txt"_s)));
         else
@@ -318,14 +278,6 @@ private Q_SLOTS:
         QCOMPARE(shown(), u""_s);
         QTest::keyClicks(zens->thresholdEdits[0], keys);
         QCOMPARE(shown(), seen);
-        // The focus stays in the box; a screen reader says the hints by themselves.
-        const QString nonsense =
-            u"Hinweis: Diese Eingabe war unsinnig und wurde automatisch gelöscht."_s;
-        const QString blank =
-            u"Hinweis: Diese Eingabe wurde automatisch gelöscht. Bitte keine Leerzeichen eingeben."_s;
-        QCOMPARE(announced(zens), seen.contains(u"blank")      ? nonsense + u' ' + blank
-                                  : seen.contains(u"nonsense") ? nonsense
-                                                               : QString());
         // The hints stay until the scale is opened for editing again, which an OK allows.
         QTest::keyClicks(zens->thresholdEdits[1], u"5"_s);
         QTest::mouseClick(zens->okButtons[1], Qt::LeftButton);
@@ -359,26 +311,13 @@ private Q_SLOTS:
         }
     }
 
-    // The ways off page 11 that other tests do not take: "<<", and "von vorn beginnen" in the
-    // exit frame after "Ich möchte nicht beenden", which saves page 50 with page 11's zero.
-    void leaving_data() {
-        QTest::addColumn<QString>("clicks");  // controls clicked in turn, "mnuWo" the menu entry
-        QTest::addColumn<QString>("after");   // the screen then active; "-": the programme ended
-        QTest::addColumn<QByteArray>("file"); // StartQelB.txt
-        QTest::newRow("<<") << u"Command2"_s << u"Qel10"_s << QByteArray();
-        QTest::newRow("von vorn beginnen") << u"Command3 Command12 Command3 Command10"_s << u"-"_s
-                                           << QByteArray("\"50\"\r\n0\r\n");
-    }
-    void leaving() {
-        QFETCH(QString, clicks);
-        QFETCH(QString, after);
-        QFETCH(QByteArray, file);
-        FinalTestPage *page = openPage();
-        QVERIFY(work(page, clicks));
+    // "von vorn beginnen" in the exit frame after "Ich möchte nicht beenden" saves page 50 with
+    // page 11's zero.
+    void restartAfterStaying() {
+        QVERIFY(work(openPage(), u"Command3 Command12 Command3 Command10"_s));
         settle();
-        QCOMPARE(Screens::programmeEnded() ? u"-"_s : Screens::activeScreen()->objectName(), after);
-        QVERIFY(!Screens::loaded(ScreenId::FinalTest));
-        QCOMPARE(programme->read(u"StartQelB.txt"_s), file);
+        QVERIFY(Screens::programmeEnded() && !Screens::loaded(ScreenId::FinalTest));
+        QCOMPARE(programme->read(u"StartQelB.txt"_s), QByteArray("\"50\"\r\n0\r\n"));
     }
 };
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The ten lesson pages as a pupil works them: every letter of every question, typing and trying
-// again, the pace note, menu switches, exit frame, picture texts, the run to the end.
+// again, the pace note, menu switches, overview and exit frame, pictures as they are read.
 #include "captionlabel.h"
 #include "lessonpage.h"
 #include "picture.h"
@@ -9,16 +9,11 @@
 #include "testsupport.h"
 #include "theme.h"
 
-#include <QAccessible>
 #include <QAction>
-#include <QGroupBox>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRegularExpression>
-#include <QTest>
-#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -63,16 +58,6 @@ template <class Pictures> QList<int> visible(const Pictures &pictures) {
         if (!pictures[i]->isHidden())
             shown.append(i);
     return shown;
-}
-
-// The verdict a feedback picture opens with; "Unvollständig und deshalb falsch!" counts as
-// "Falsch!".
-QString verdict(const QString &text) {
-    if (text.startsWith(u"Richtig!"))
-        return u"Richtig!"_s;
-    if (text.startsWith(u"Falsch!") || text.startsWith(u"Unvollständig und deshalb falsch!"))
-        return u"Falsch!"_s;
-    return {};
 }
 
 bool lightGreyAndEnabled(const QPushButton *b) {
@@ -129,16 +114,16 @@ private Q_SLOTS:
         QCOMPARE(p->answerEdit->text(), QString(letter));
         const QList<int> shown = visible(p->feedbackPictures);
         QCOMPARE(shown.size(), 1);
+        // "Unvollständig und deshalb falsch!" counts as "Falsch!".
         const QString text = p->feedbackPictures.at(shown[0])->plainText();
-        QVERIFY2(verdict(text) == (!scores     ? u"Falsch!"_s
-                                   : noVerdict ? QString()
-                                               : u"Richtig!"_s),
+        const bool wrong =
+            text.startsWith(u"Falsch!") || text.startsWith(u"Unvollständig und deshalb falsch!");
+        QVERIFY2(scores ? text.startsWith(u"Richtig!") != noVerdict && !wrong : wrong,
                  qPrintable(text));
         QCOMPARE(p->pointsLabel->text(), u" %1 von %2"_s.arg(question - 1 + scores).arg(question));
         QCOMPARE(p->nextQuestionButton->isEnabled(), scores);
         QCOMPARE(p->retryButton->isEnabled(), !scores);
         QCOMPARE(p->focusWidget(), scores ? p->nextQuestionButton : p->retryButton);
-        QCOMPARE(int(p->answerCorrectFlag), !scores ? 0 : page == 6 && question == 4 ? 10 : 1);
 
         // A click into the answer field sends the focus to the button of the verdict, a right
         // click does not. Page 8's scoring C of question 38 sends it to "try again", which is off:
@@ -170,87 +155,29 @@ private Q_SLOTS:
         QTest::addColumn<bool>("restart");     // "von vorn beginnen", else "hier weiterarbeiten"
         QTest::addColumn<bool>("moved");       // the programme folder, before the exit frame
         QTest::addColumn<QByteArray>("saved"); // StartQelB.txt then
-        for (int page = 1; page <= 8; ++page) {
+        for (int page = 1; page <= 8; ++page)
             QTest::addRow("page %d", page)
                 << page << false << false
                 << (page == 1 ? QByteArray("\"1\"\r\n1\r\n2\r\n")
                               : "\"" + QByteArray::number(page) + "\"\r\n");
-        }
         QTest::addRow("page 9, programme folder moved")
             << 9 << false << true << QByteArray("\"9\"\r\n");
         QTest::addRow("page 10, von vorn beginnen")
             << 10 << true << false << QByteArray("\"50\"\r\n");
     }
 
-    // What a page shows at first and what differs between pages: "<<", counts at load, texts,
-    // the hide loops of "try again" and "next question", and what the exit frame saves after one
-    // wrong and one right answer.
+    // What differs between pages: the overview reloading the page, the hide loops of "try again"
+    // and "next question", and what the exit frame saves after one wrong and one right answer.
     void pageRules() {
         QFETCH(int, page);
         QFETCH(bool, restart);
         QFETCH(bool, moved);
         QFETCH(QByteArray, saved);
-        const bool first = page == 1;
-
-        TestProgramme prog;
-        // "<<" opens the previous screen and unloads the page (">>" the end-to-end test).
-        QTest::mouseClick(openPage(prog, page)->previousPageButton, Qt::LeftButton);
-        QVERIFY(Screens::loaded(first ? ScreenId::ControlCentre : pageScreen(page - 1)) &&
-                !Screens::loaded(pageScreen(page)));
-        settle();
-
-        prog.course.countAnswer(); // a point from the pages before
-        prog.course.countCorrect();
-        LessonPage *p = openPage(prog, page);
-        QCOMPARE(p->pointsLabel->text(), first ? u" 0 von 0"_s : u" 1 von 1"_s);
-        QVERIFY(p->paceNote->isHidden() && !p->paceTimer->isActive() && p->exitFrame->isHidden());
-        QCOMPARE(p->remarksHeading->accessibleName() + p->optionsHeading->accessibleName(),
-                 u"Bemerkungen:Auswahl-Antworten:"_s);
-        for (QPushButton *button : {p->nextQuestionButton, p->retryButton, p->endButton}) {
-            QVERIFY(!button->icon().isNull());
-            QCOMPARE(button->toolTip(), button->accessibleName());
-        }
-        // A click into the empty answer field leaves the focus there.
-        p->answerEdit->setFocus();
-        QTest::mouseClick(p->answerEdit, Qt::LeftButton);
-        QCOMPARE(p->focusWidget(), p->answerEdit);
-
-        // Page 1 alone introduces the control buttons with two timers and a hint label.
-        QCOMPARE(p->explanationHint != nullptr, first);
-
-        // Five numbered questions with three options, the last two pictures for bad input, a
-        // closing line for every wrong answer, and the button line on pages 1 and 2 only.
-        const QRegularExpression options(u"^(.+ )?A\\) .+ B\\) .+ C\\) .+$"_s);
-        for (int q = 0; q < 5; ++q) {
-            QVERIFY(
-                p->questionPictures[q]->plainText().startsWith(u"%1. "_s.arg(page * 5 - 4 + q)));
-            QVERIFY(options.match(p->optionPictures[q]->plainText()).hasMatch());
-        }
-        const QString closing = page <= 2 ? u"Antworte noch einmal. (Schaltknopf "
-                                            u"„Aufgabe wiederholen“ )"_s
-                                          : u"Antworte noch einmal."_s;
-        const int inputErrors = int(p->feedbackPictures.size()) - 2;
-        QCOMPARE(p->feedbackPictures.at(inputErrors)->plainText(),
-                 u"Du hast vergessen, etwas einzugeben. "_s + closing);
-        QCOMPARE(p->feedbackPictures.at(inputErrors + 1)->plainText(),
-                 u"Falsch! Du darfst nur mit A, B oder C (oder a, b oder c) antworten. "_s +
-                     closing);
-
-        // Every picture an answer shows: "Richtig!" pictures never ask again, "Falsch!" pictures do
-        // (bar page 2's question 10), and only pages 1 and 2 name the repeat button.
-        for (int i = 0; i < inputErrors; ++i) {
-            const QString text = p->feedbackPictures.at(i)->plainText();
-            QVERIFY2(!text.isEmpty(), qPrintable(QString::number(i)));
-            if (text.startsWith(u"Richtig!"))
-                QVERIFY2(!text.contains(u"Antworte noch einmal."), qPrintable(text));
-            if (text.startsWith(u"Falsch!") && !(page == 2 && i >= 13))
-                QVERIFY2(text.endsWith(closing), qPrintable(text));
-            QCOMPARE(text.contains(u"Schaltknopf"),
-                     page <= 2 && text.contains(u"Antworte noch einmal."));
-        }
 
         // The line of this page in the overview loads the page afresh at question 1, page 1 with
         // its counts at 0, the others with the counts carried on.
+        TestProgramme prog;
+        LessonPage *p = openPage(prog, page);
         const QString right = rightLetter(page, 1);
         const QString wrong = right == u"A" ? u"B"_s : u"A"_s;
         type(prog, p, wrong);
@@ -264,7 +191,7 @@ private Q_SLOTS:
         settle();
         p = reloaded;
         QCOMPARE(visible(p->questionPictures), QList<int>{0});
-        QCOMPARE(p->pointsLabel->text(), first ? u" 0 von 0"_s : points);
+        QCOMPARE(p->pointsLabel->text(), page == 1 ? u" 0 von 0"_s : points);
 
         // With every picture up to the highest index shown, "try again" and "next question" hide
         // all.
@@ -279,13 +206,6 @@ private Q_SLOTS:
         QTest::mouseClick(p->nextQuestionButton, Qt::LeftButton);
         QCOMPARE(visible(p->feedbackPictures), QList<int>());
 
-        // "Ich möchte nicht beenden" closes the exit frame and its cover without saving; the
-        // other two save and end the programme.
-        QTest::mouseClick(p->endButton, Qt::LeftButton);
-        QVERIFY(!p->exitFrame->isHidden() && !p->exitFrame->cover->isHidden());
-        QTest::mouseClick(p->exitFrame->stayButton, Qt::LeftButton);
-        QVERIFY(p->exitFrame->isHidden() && p->exitFrame->cover->isHidden() &&
-                prog.read(u"StartQelB.txt"_s).isNull());
         if (moved) { // the file goes where the last activation found the folder
             Seams::setProgrammeFolder([&prog] { return prog.path(u"moved"_s); });
             Screens::show(ScreenId::WorkingMethod);
@@ -356,16 +276,9 @@ private Q_SLOTS:
         for (QPushButton *button :
              {page->previousPageButton, page->nextPageButton, page->endButton})
             QCOMPARE(button->isEnabled(), !note);
-        // What a screen reader says with the control that has the focus: the question with the
-        // empty field, else the verdict, the points and the pace note with its button.
-        const QString said = page->focusWidget()->accessibleDescription();
-        if (pictures.isEmpty()) {
+        if (pictures.isEmpty()) { // a click into the empty field leaves the focus there
+            QTest::mouseClick(page->answerEdit, Qt::LeftButton);
             QCOMPARE(page->focusWidget(), page->answerEdit);
-            QVERIFY2(said.startsWith(u"Seite 1. 1. Welche zwei Voraussetzungen"), qPrintable(said));
-        } else {
-            const QString verdict = page->feedbackPictures.at(pictures.last())->plainText();
-            QVERIFY2(said.startsWith(verdict + u" Punkte:"_s + points + u'.'), qPrintable(said));
-            QCOMPARE(said.endsWith(u"Du arbeitest also zu hastig!"), note);
         }
         if (!note)
             return;
@@ -420,16 +333,12 @@ private Q_SLOTS:
         row("question 3 A names the repeat button", 1, "Image3_6",
             u"Falsch! Antworte noch einmal. (Schaltknopf „Aufgabe wiederholen“ )",
             ":/button-repeat.svg");
-        row("question 42 subscripts", 9, "Image1_1",
-            u"42. Vergleiche bei einem Transistor den Basisstrom IB mit dem Kollektorstrom IC.",
-            "I<sub>B</sub>");
         row("question 42 comparison signs", 9, "Image2_1", u"A) IB > IC B) IB = IC C) IB < IC",
             "I<sub>C</sub>");
         row("question 50 with its lead-in", 10, "Image2_4",
             u"Sie arbeiten als A) als Verstärker B) als Gleichrichter C) als Schalter", "");
         row("drawing: diode in a circuit", 8, "Image1_0",
             u"36. Fließt Strom durch die abgebildete Halbleiterdiode?", "", u"Schaltplan:");
-        row("drawing: two lamps", 8, "Image1_3", u"39. Welche Lampe leuchtet?", "", u"Schaltplan:");
         row("drawing: transistor symbol", 9, "Image1_0", u"41. Was zeigt das Bild?", "",
             u"Schaltzeichen in einem Kreis:");
     }
@@ -450,10 +359,6 @@ private Q_SLOTS:
         QCOMPARE(shown->plainText(), text);
         const QString read = description.isEmpty() ? text : text + u' ' + description;
         QCOMPARE(shown->accessibleName().left(description.isEmpty() ? -1 : read.size()), read);
-        QAccessibleInterface *iface =
-            QAccessible::queryAccessibleInterface(const_cast<Picture *>(shown));
-        QVERIFY(iface->role() == QAccessible::StaticText && iface->childCount() == 0);
-        QCOMPARE(iface->text(QAccessible::Name), shown->accessibleName());
         QVERIFY2(shown->html().contains(markup), qPrintable(shown->html()));
         if (description.isEmpty())
             return;
@@ -461,9 +366,7 @@ private Q_SLOTS:
         p->show();
         QVERIFY(QTest::qWaitForWindowExposed(p));
         auto *view = shown->findChild<SvgView *>();
-        QVERIFY(view);
-        QVERIFY(view->height() >= 72 && view->height() <= 110);
-        QVERIFY(p->height() <= 600);
+        QVERIFY(view && view->height() >= 72 && view->height() <= 110 && p->height() <= 600);
         const QImage image = view->grab().toImage();
         int dark = 0;
         for (int i = 0; i < image.width() * image.height(); ++i)

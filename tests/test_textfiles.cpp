@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The small text files: path rule, Windows-1252 bytes, quoted items and the print style. What the
+// The small text files: path rule, files folder, Windows-1252 bytes and quoted items. What the
 // start screen reads from the start-position file is checked with the start-up in test_start; the
 // files the pages write, byte for byte, with the pages.
 #include "seams.h"
@@ -8,7 +8,11 @@
 
 #include <QDir>
 #include <QTemporaryDir>
-#include <QTest>
+
+#if defined(Q_OS_UNIX)
+#include <csignal>
+#include <sys/resource.h>
+#endif
 
 using namespace Qt::StringLiterals;
 
@@ -71,26 +75,27 @@ private Q_SLOTS:
         QTest::addColumn<QString>("file");
         QTest::addColumn<QStringList>("strings");
         QTest::addColumn<QList<int>>("numbers");
-        QTest::addColumn<bool>("closed"); // else the writer never finishes: a kill, a crash
+        QTest::addColumn<QString>("end"); // how the writer ends: "close", a kill, a full disk
         QTest::addColumn<QByteArray>("expected");
         const QString f = u"f.txt"_s;
-        QTest::addRow("negative and zero") << f << QStringList{u"50"_s} << QList<int>{0, -3} << true
-                                           << QByteArray("\"50\"\r\n0\r\n-3\r\n");
-        QTest::addRow("umlaut in a string") << f << QStringList{u"Größe"_s} << QList<int>{} << true
-                                            << QByteArray("\"Gr\xF6\xDF\x65\"\r\n");
+        QTest::addRow("negative and zero") << f << QStringList{u"50"_s} << QList<int>{0, -3}
+                                           << u"close"_s << QByteArray("\"50\"\r\n0\r\n-3\r\n");
         QTest::addRow("into a folder that has gone: made again")
-            << u"gone/f.txt"_s << QStringList{u"7"_s} << QList<int>{3} << true
+            << u"gone/f.txt"_s << QStringList{u"7"_s} << QList<int>{3} << u"close"_s
             << QByteArray("\"7\"\r\n3\r\n");
-        QTest::addRow("never finished") << f << QStringList{u"1"_s} << QList<int>{4, 5} << false
-                                        << QByteArray("old content that must go\r\n");
+        QTest::addRow("killed") << f << QStringList{u"1"_s} << QList<int>{4, 5} << u"kill"_s
+                                << QByteArray("old content that must go\r\n");
+        QTest::addRow("full disk") << f << QStringList{u"1"_s} << QList<int>{4, 5} << u"full"_s
+                                   << QByteArray("old content that must go\r\n");
     }
     // The file is replaced all at once: until the writer has finished, the old content stays on
-    // disk whole, and a writer that never finishes leaves it so, with no temporary file behind.
+    // disk whole, and a writer that never finishes, or whose last bytes find no room on the disk,
+    // leaves it so, with no temporary file behind.
     void quotedItems() {
         QFETCH(QString, file);
         QFETCH(QStringList, strings);
         QFETCH(QList<int>, numbers);
-        QFETCH(bool, closed);
+        QFETCH(QString, end);
         QFETCH(QByteArray, expected);
         TestProgramme programme;
         const QByteArray old = "old content that must go\r\n";
@@ -102,8 +107,23 @@ private Q_SLOTS:
             for (int n : numbers)
                 items.write(n);
             QCOMPARE(programme.read(u"f.txt"_s), old);
-            if (closed)
+            if (end == u"close")
                 items.close();
+            if (end == u"full") {
+#if defined(Q_OS_UNIX)
+                // The files of this process cannot grow past 4 bytes, as on a disk that is full.
+                rlimit before{};
+                getrlimit(RLIMIT_FSIZE, &before);
+                rlimit full = before;
+                full.rlim_cur = 4;
+                std::signal(SIGXFSZ, SIG_IGN);
+                setrlimit(RLIMIT_FSIZE, &full);
+                items.close();
+                setrlimit(RLIMIT_FSIZE, &before);
+#else
+                QSKIP("no limit of the file size here to stand for a full disk");
+#endif
+            }
         }
         QCOMPARE(programme.read(file), expected);
         QCOMPARE(QDir(programme.folder()).entryList(QDir::Files | QDir::Hidden),
@@ -128,26 +148,6 @@ private Q_SLOTS:
         const auto read = TextFiles::readFirstItem(programme.path(u"StartQelB.txt"_s));
         QCOMPARE(read.has_value(), hasItem);
         QCOMPARE(read.value_or(QString()), item);
-    }
-
-    void printLine_data() {
-        QTest::addColumn<QString>("line");
-        QTest::addColumn<QString>("expected");
-        const QString zone(14, u' ');
-        QTest::addRow("negative number") << PrintLine().number(-5).str() << u"-5 "_s;
-        QTest::addRow("zero") << PrintLine().number(0).str() << u" 0 "_s;
-        QTest::addRow("short text to the second zone")
-            << PrintLine().text(u"abc"_s).nextZone().text(u"x"_s).str()
-            << u"abc"_s + QString(11, u' ') + u"x"_s;
-        QTest::addRow("full zone moves on")
-            << PrintLine().text(QString(14, u'z')).nextZone().text(u"x"_s).str()
-            << QString(14, u'z') + zone + u"x"_s;
-        QTest::addRow("empty line to first zone") << PrintLine().nextZone().str() << zone;
-    }
-    void printLine() {
-        QFETCH(QString, line);
-        QFETCH(QString, expected);
-        QCOMPARE(line, expected);
     }
 };
 

@@ -10,7 +10,6 @@
 
 #include <QApplication>
 #include <QPushButton>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 

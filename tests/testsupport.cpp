@@ -84,30 +84,10 @@ TestProgramme::~TestProgramme() {
     Seams::setFailureHandler({});
 }
 
-QString TestProgramme::folder() const {
-    return QDir::toNativeSeparators(dir_.path());
-}
-
-QString TestProgramme::path(const QString &fileName) const {
-    return QDir::toNativeSeparators(dir_.filePath(fileName));
-}
-
-QByteArray TestProgramme::read(const QString &fileName) const {
-    return readFile(path(fileName));
-}
-
 void TestProgramme::write(const QString &fileName, const QByteArray &bytes) const {
     QFile file(path(fileName));
     if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         file.write(bytes);
-}
-
-void TestProgramme::setTime(double secondsSinceMidnight) {
-    now_ = QDateTime(now_.date(), QTime(0, 0).addMSecs(qRound(secondsSinceMidnight * 1000)));
-}
-
-void TestProgramme::advance(double seconds) {
-    now_ = now_.addMSecs(qRound64(seconds * 1000));
 }
 
 QStringList ProbeForm::log;
@@ -116,14 +96,6 @@ ProbeForm::ProbeForm(ScreenId id, const QString &name, double zoomFactor)
     : Form(id, zoomFactor)
     , name_(name) {
     setWindowTitle(name);
-}
-
-void ProbeForm::onLoad() {
-    log << name_ + QStringLiteral(":load");
-}
-
-void ProbeForm::onActivate() {
-    log << name_ + QStringLiteral(":activate");
 }
 
 void registerProbes(const QList<QPair<ScreenId, QString>> &screens) {

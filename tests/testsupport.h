@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 #include <QDateTime>
+#include <QDir>
 #include <QIODevice>
 #include <QList>
 #include <QRadioButton>
@@ -18,6 +19,9 @@
 #include <functional>
 #include <stdexcept>
 
+// The bytes of a file; a null array when there is none.
+QByteArray readFile(const QString &path);
+
 // What a failure that ends the programme raises inside the tests.
 struct ProgrammeFailure : std::runtime_error {
     explicit ProgrammeFailure(const QString &text)
@@ -26,8 +30,7 @@ struct ProgrammeFailure : std::runtime_error {
 
 // A clean programme for one test: a temporary programme folder, a clock the test sets, queued
 // answers for yes/no questions, failures raised as ProgrammeFailure, a course of its own with the
-// test's screens registered for it, and no screen loaded. Everything is put back when it goes out
-// of scope.
+// test's screens registered for it, and no screen loaded; all put back when it goes.
 class TestProgramme {
 public:
     TestProgramme();
@@ -39,14 +42,18 @@ public:
     static inline std::function<void(Course &)> screens;
 
     // The folder and a file in it with the platform's separators, as the programme forms paths.
-    QString folder() const;
-    QString path(const QString &fileName) const;
-    QByteArray read(const QString &fileName) const;
+    QString folder() const { return QDir::toNativeSeparators(dir_.path()); }
+    QString path(const QString &fileName) const {
+        return QDir::toNativeSeparators(dir_.filePath(fileName));
+    }
+    QByteArray read(const QString &fileName) const { return readFile(path(fileName)); }
     void write(const QString &fileName, const QByteArray &bytes) const;
 
     // The clock stands still at 09:05:07 on 3 April 2026 until the test moves it.
-    void setTime(double secondsSinceMidnight);
-    void advance(double seconds);
+    void setTime(double secondsSinceMidnight) {
+        now_ = QDateTime(now_.date(), QTime(0, 0).addMSecs(qRound(secondsSinceMidnight * 1000)));
+    }
+    void advance(double seconds) { now_ = now_.addMSecs(qRound64(seconds * 1000)); }
 
     // Yes/no questions take these answers in order; each question asked is recorded.
     QList<bool> answers;
@@ -59,14 +66,10 @@ private:
     QDateTime now_;
 };
 
-// The bytes of a file; a null array when there is none.
-QByteArray readFile(const QString &path);
-
 // Runs a program to its end: its standard output, or a null string when it failed.
 QString runProgram(const QString &program, const QStringList &arguments);
 
-// The system's own words for a file that cannot be opened there, in the way the programme words
-// a failure ("No such file or directory" on Linux).
+// The system's own words for a file that cannot be opened there ("No such file or directory").
 QString openFailure(const QString &path, QIODevice::OpenMode mode);
 
 class QListWidget;
@@ -75,8 +78,7 @@ QStringList entryTexts(const QListWidget *list);
 // Clicks the one entry with this text, as a pupil does; false when there is none.
 bool clickEntry(QListWidget *list, const QString &text);
 
-// Clicks options of the final test (0 to 39) in turn, as a pupil does; the second half comes
-// at once where the page would show it 3 s after question 5.
+// Clicks options of the final test (0 to 39) in turn; the second half comes at once.
 template <class TestPage> void clickOptions(TestPage *page, const QList<int> &options) {
     for (int i : options) {
         if (page->halfChangeTimer->isActive())
@@ -85,14 +87,13 @@ template <class TestPage> void clickOptions(TestPage *page, const QList<int> &op
     }
 }
 
-// A screen that only records what the screen layer does with it, for screens a test does not
-// need in full. Its log lines read "<id>:load" and "<id>:activate".
+// A screen that only logs what the screen layer does with it: "<name>:load", "<name>:activate".
 class ProbeForm : public Form {
     Q_OBJECT
 public:
     ProbeForm(ScreenId id, const QString &name, double zoomFactor);
-    void onLoad() override;
-    void onActivate() override;
+    void onLoad() override { log << name_ + QStringLiteral(":load"); }
+    void onActivate() override { log << name_ + QStringLiteral(":activate"); }
 
     static QStringList log;
 
@@ -103,9 +104,8 @@ private:
 // Registers a ProbeForm for each of the screens, named by the given names.
 void registerProbes(const QList<QPair<ScreenId, QString>> &screens);
 
-// Works a screen as a pupil does, step by step: the name of a menu entry triggers it, "@name"
-// gives that control the focus, any other name clicks that control. False when a step names
-// nothing on the screen.
+// Works a screen step by step: a menu entry's name triggers it, "@name" gives that control the
+// focus, any other name clicks it. False when a step names nothing on the screen.
 bool work(QWidget *screen, const QString &steps);
 
 // Fires a timer's tick at once, as if its interval had passed.
