@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The ten lesson pages as a pupil works them: every letter of every question, typing and trying
 // again, the pace note, menu switches, exit frame, picture texts, the run to the end.
+#include "appearing.h"
 #include "captionlabel.h"
 #include "course.h"
 #include "lessonpage.h"
@@ -60,7 +61,7 @@ void goToQuestion(TestProgramme &prog, LessonPage *page, int question) {
 template <class Pictures> QList<int> visible(const Pictures &pictures) {
     QList<int> shown;
     for (int i = 0; i < int(pictures.size()); ++i)
-        if (!pictures[i]->isHidden())
+        if (Appearing::isVisible(pictures[i]))
             shown.append(i);
     return shown;
 }
@@ -128,6 +129,10 @@ private Q_SLOTS:
         QCOMPARE(p->answerEdit->text(), QString(letter));
         const QList<int> shown = visible(p->feedbackPictures);
         QCOMPARE(shown.size(), 1);
+        for (int i = 0; i < int(p->feedbackPictures.size()); ++i) // a screen reader sees it alone
+            QCOMPARE(
+                QAccessible::queryAccessibleInterface(p->feedbackPictures.at(i))->state().invisible,
+                i != shown[0]);
         const QString text = p->feedbackPictures.at(shown[0])->plainText();
         QVERIFY2(verdict(text) == (!scores     ? u"Falsch!"_s
                                    : noVerdict ? QString()
@@ -201,7 +206,8 @@ private Q_SLOTS:
         course.answeredCount = 9;
         LessonPage *p = openPage(prog, page);
         QCOMPARE(p->pointsLabel->text(), first ? u" 0 von 0"_s : u" 7 von 9"_s);
-        QVERIFY(p->paceNote->isHidden() && !p->paceTimer->isActive() && p->exitFrame->isHidden());
+        QVERIFY(!Appearing::isVisible(p->paceNote) && !p->paceTimer->isActive() &&
+                p->exitFrame->isHidden());
         QCOMPARE(p->remarksHeading->accessibleName() + p->optionsHeading->accessibleName(),
                  u"Bemerkungen:Auswahl-Antworten:"_s);
         for (QPushButton *button : {p->nextQuestionButton, p->retryButton, p->endButton}) {
@@ -268,12 +274,12 @@ private Q_SLOTS:
         // all.
         type(prog, p, wrong);
         for (Picture *picture : p->feedbackPictures)
-            picture->show();
+            Appearing::show(picture);
         QTest::mouseClick(p->retryButton, Qt::LeftButton);
         QCOMPARE(visible(p->feedbackPictures), QList<int>());
         type(prog, p, right);
         for (Picture *picture : p->feedbackPictures)
-            picture->show();
+            Appearing::show(picture);
         QTest::mouseClick(p->nextQuestionButton, Qt::LeftButton);
         QCOMPARE(visible(p->feedbackPictures), QList<int>());
 
@@ -345,7 +351,7 @@ private Q_SLOTS:
         QCOMPARE(page->pointsLabel->text(), points);
         QCOMPARE(lightGreyAndEnabled(page->retryButton), again);
         QCOMPARE(course.questionStartTime, 36000 + 10 * (question - 1));
-        QCOMPARE(!page->paceNote->isHidden(), note);
+        QCOMPARE(Appearing::isVisible(page->paceNote), note);
         QCOMPARE(page->paceTimer->isActive(), note);
         for (QPushButton *button :
              {page->previousPageButton, page->nextPageButton, page->endButton})
@@ -365,7 +371,7 @@ private Q_SLOTS:
             return;
         QCOMPARE(page->endButton->palette().color(QPalette::Button), Theme::buttonFace());
         fireTimer(page->paceTimer);
-        QVERIFY(page->paceNote->isHidden() && page->paceTimer->isActive());
+        QVERIFY(!Appearing::isVisible(page->paceNote) && page->paceTimer->isActive());
         QVERIFY(page->previousPageButton->isEnabled() && page->nextPageButton->isEnabled());
         QVERIFY(lightGreyAndEnabled(page->endButton));
     }
