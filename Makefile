@@ -4,7 +4,7 @@ BUILD_DIR := build/$(PRESET)
 
 FUZZ_SECONDS ?= 60
 
-.PHONY: all build run test unit lint bench asan-build asan fuzz package dist clean configure
+.PHONY: all build run test unit lint bench asan-build asan fuzz package dist clean configure windows
 
 all: build
 
@@ -60,6 +60,17 @@ asan: asan-build
 
 fuzz: asan-build
 	tools/fuzz.sh build/asan $(FUZZ_SECONDS)
+
+# Kelvora for Windows, cross-built with MinGW-w64: Qt for Windows once into a cache
+# (~/.cache/kelvora/qt-6.4.2-mingw64, or $KELVORA_QT_WINDOWS), then in build/windows the programme
+# and its tests, run under Wine, the installer Kelvora-<version>-win64.exe and the portable
+# Kelvora-<version>-win64.zip.
+windows:
+	@tools/packages.sh windows
+	tools/qt-windows.sh
+	@test -f build/windows/build.ninja || cmake --preset windows
+	cmake --build --preset windows
+	ctest --preset windows
 
 clean:
 	rm -rf build

@@ -26,6 +26,7 @@
 #include "screens.h"
 #include "seams.h"
 #include "shell.h"
+#include "textfiles.h"
 #include "zoom.h"
 
 #include <QApplication>
@@ -157,6 +158,7 @@ int child(const QString &what, long long startNs, int argc, char *argv[]) {
     QApplication app(argc, argv);
     QWidget *window = nullptr;
     QTemporaryDir folder;
+    Course course(TextFiles::programmePath);
     if (what == QStringLiteral("bare")) {
         // The size the programme's first window takes on this screen.
         auto *w = new QMainWindow;
@@ -166,8 +168,8 @@ int child(const QString &what, long long startNs, int argc, char *argv[]) {
         window = w;
     } else {
         setUpApplication(app);
-        registerShellScreens();
-        registerLessonPages();
+        registerShellScreens(course);
+        registerLessonPages(course);
         Seams::setProgrammeFolder([path = folder.path()] { return path; });
         Form *start = Screens::show(ScreenId::Start);
         window = start ? start->window() : nullptr;
@@ -376,8 +378,9 @@ int main(int argc, char *argv[]) {
     }
 
     setUpApplication(app);
-    registerShellScreens();
-    registerLessonPages();
+    Course course(TextFiles::programmePath);
+    registerShellScreens(course);
+    registerLessonPages(course);
     QTemporaryDir folder;
     Seams::setProgrammeFolder([path = folder.path()] { return path; });
 

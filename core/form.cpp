@@ -4,7 +4,6 @@
 #include "accessibility.h"
 #include "appearing.h"
 #include "keyboard.h"
-#include "screens.h"
 #include "zoom.h"
 
 #include <QCloseEvent>
@@ -18,7 +17,6 @@
 
 #include <array>
 #include <cmath>
-#include <utility>
 
 ScreenId pageScreen(int page) {
     if (page >= 1 && page <= 11)
@@ -44,13 +42,7 @@ namespace {
 // Posted when the window's size changed; several changes before the next frame make one.
 const QEvent::Type kZoomRequest = static_cast<QEvent::Type>(QEvent::registerEventType());
 
-double nextFactor = 1.0;
-
 } // namespace
-
-void Form::buildNextAt(double factor) {
-    nextFactor = factor;
-}
 
 // The window's inside below the menu bar: it holds the page at its zoomed size, centred, and asks
 // for a new zoom whenever its size changes.
@@ -81,8 +73,8 @@ private:
     QColor tint_;
 };
 
-Form::Form(ScreenId id, QWidget *parent)
-    : QMainWindow(parent)
+Form::Form(ScreenId id, double zoomFactor)
+    : QMainWindow(nullptr)
     , id_(id)
     , zoom_(new Zoom(this))
     , frame_(new PageFrame(this))
@@ -93,9 +85,8 @@ Form::Form(ScreenId id, QWidget *parent)
     setAutoFillBackground(true);
     setObjectName(formName(id));
     setCentralWidget(frame_);
-    const double factor = std::exchange(nextFactor, 1.0);
-    zoom_->setFactor(factor);
-    setFont(Zoom::pageFont(factor));
+    zoom_->setFactor(zoomFactor);
+    setFont(Zoom::pageFont(zoomFactor));
     setMinimumSize(designSize_ * Zoom::kSmallest);
 }
 
@@ -215,7 +206,7 @@ void Form::placePage() {
 bool Form::event(QEvent *e) {
     switch (e->type()) {
     case QEvent::WindowActivate:
-        Screens::activated(this);
+        Q_EMIT activated();
         break;
     case QEvent::Show:
         // Drawn for the first time at the right size, not one frame later.
@@ -294,5 +285,5 @@ void Form::keyPressEvent(QKeyEvent *e) {
 void Form::closeEvent(QCloseEvent *e) {
     // The close box unloads the screen; the screen layer ends the programme once none is left.
     e->ignore();
-    Screens::unload(this);
+    Q_EMIT closeRequested();
 }

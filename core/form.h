@@ -52,10 +52,10 @@ bool replacesScreen(ScreenId id);
 class Form : public QMainWindow {
     Q_OBJECT
 public:
-    explicit Form(ScreenId id, QWidget *parent = nullptr);
+    // Built at the zoom factor of the window it will be shown in, which the screen layer knows:
+    // its sizes are set once, not once for the design size and again for the window.
+    Form(ScreenId id, double zoomFactor);
     ~Form() override;
-    // The zoom factor the next screen is built at: the screen layer knows the window it is for.
-    static void buildNextAt(double factor);
     ScreenId screenId() const { return id_; }
 
     // Form_Load: runs once, right after the screen layer has created the instance.
@@ -85,6 +85,12 @@ public:
     // waits: texts laid out, icons and the style's images made at their size. Once per zoom.
     void warmUp();
     bool warm() const;
+
+Q_SIGNALS:
+    // The window system made this screen's window the active one (the pupil clicked it, say).
+    void activated();
+    // The screen's close box was pressed, or close() called: the screen layer unloads it.
+    void closeRequested();
 
 protected:
     void setDesignSize(QSize size);

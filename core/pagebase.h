@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "exitframe.h"
 #include "form.h"
+#include "overview.h"
 
 #include <QList>
 #include <QPointer>
@@ -12,9 +14,9 @@
 #include <array>
 #include <functional>
 
+class Course;
 class Picture;
 class QAction;
-class QGroupBox;
 class QLabel;
 class QMenu;
 class QPushButton;
@@ -77,18 +79,8 @@ public:
 
     QPushButton *endButton = nullptr; // Command3: opens the exit frame
 
-    QWidget *exitCover = nullptr;         // Picture10, over the page behind the frame
-    QGroupBox *exitFrame = nullptr;       // Frame10
-    QLabel *exitHeading = nullptr;        // Label10
-    QPushButton *resumeButton = nullptr;  // Command11
-    QPushButton *restartButton = nullptr; // Command10
-    QPushButton *stayButton = nullptr;    // Command12
-
-    QWidget *overviewBorder = nullptr;             // Shape6
-    QGroupBox *overviewFrame = nullptr;            // Frame2
-    std::array<QPushButton *, 11> overviewLines{}; // Label11 (Label20 on page 11); opens page i+1
-    QLabel *overviewNote = nullptr;
-    QPushButton *overviewCloseButton = nullptr; // Command6
+    ExitFrame *exitFrame = nullptr; // Frame10, with its cover Picture10
+    Overview *overview = nullptr;   // Frame2 in Shape6; its lines Label11 (Label20 on page 11)
 
     Picture *explanationPicture = nullptr; // Image4 (Image1 on page 11)
     QLabel *explanationHint = nullptr;     // Label12 (Label21 on page 11); with the timers only
@@ -96,7 +88,7 @@ public:
     QTimer *hintTimer = nullptr;           // Timer3
 
 protected:
-    PageBase(ScreenId id, int pageNumber, QWidget *parent = nullptr);
+    PageBase(ScreenId id, int pageNumber, Course &course, double zoomFactor);
 
     // What a page gives the shared parts: the explanation's rich text, the form names of the
     // explanation picture and of the overview lines, the size of the end button's icon.
@@ -127,14 +119,12 @@ protected:
     // While a panel is open over the page, Tab and Shift+Tab stay in it.
     bool focusNextPrevChild(bool next) override;
 
+    Course &course_; // the course every page shares
+
 private:
     void buildMenus(bool withPointsEntry);
-    void buildExitFrame(QWidget *central);
-    void buildOverview(QWidget *central);
     // The open panel in front, or nullptr.
-    QWidget *panelInFront() const;
-    // The control a panel gives the focus to: "Ich möchte nicht beenden", "Schließen".
-    QWidget *harmlessControl(const QWidget *panel) const;
+    PagePanel *panelInFront() const;
 
     int pageNumber_;
     QPointer<QWidget> focusBeforePanel_; // where the focus was before a panel opened
@@ -143,10 +133,3 @@ private:
 // Connects a check-marked entry to its handler. The handler alone sets and clears the mark, so
 // the mark it reads is the one the pupil saw when choosing the entry.
 void connectCheckEntry(QAction *entry, QObject *context, std::function<void()> handler);
-
-// Keeps a panel that is not part of the page's layout where place() puts it, as the page changes
-// size and whenever the panel appears. Showing such a panel costs the page no new layout.
-void placeOver(QWidget *page, QWidget *panel, std::function<QRect(const QRect &, QSize)> place);
-
-// The lines of the page overview; line i opens page i + 1.
-extern const std::array<QString, 11> kOverviewLines;

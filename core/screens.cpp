@@ -2,6 +2,7 @@
 #include "screens.h"
 
 #include "keyboard.h"
+#include "messagebox.h"
 #include "zoom.h"
 
 #include <QAccessibleWidget>
@@ -91,6 +92,12 @@ struct Layer {
 
 Layer &layer() {
     static Layer l;
+    static const bool boxesOverScreens = [] {
+        // The programme's message boxes open over the active screen.
+        Seams::setBoxParent([]() -> QWidget * { return layer().active; });
+        return true;
+    }();
+    Q_UNUSED(boxesOverScreens)
     return l;
 }
 
@@ -215,8 +222,7 @@ Form *build(ScreenId id, const Screens::Factory &factory) {
     } else if (const Form *page = currentPage()) {
         factor = page->zoom().factor();
     }
-    Form::buildNextAt(factor);
-    return factory();
+    return factory(factor);
 }
 
 // Builds the next of the screens the shown page names that is neither loaded nor prepared; one
@@ -326,6 +332,22 @@ void scheduleSettle() {
     });
 }
 
+// The window system activated one of the screens.
+void activatedBySystem(Form *form) {
+    // Activation events can arrive late, after a handler has already shown another screen.
+    // Only the screen that still holds the focus once the queue has settled becomes active.
+    QPointer<Form> candidate(form);
+    QTimer::singleShot(0, form, [candidate] {
+        Layer &l = layer();
+        if (!candidate || l.ended || l.loaded.value(candidate->screenId()) != candidate ||
+            candidate->isHidden())
+            return;
+        if (QGuiApplication::focusWindow() != candidate->window()->windowHandle())
+            return;
+        makeActive(candidate);
+    });
+}
+
 void dropSpares() {
     Layer &l = layer();
     const auto spares = l.spares.values();
@@ -366,6 +388,8 @@ Form *Screens::show(ScreenId id) {
             placeOverPage(form);
         }
         l.loaded.insert(id, form);
+        QObject::connect(form, &Form::activated, form, [form] { activatedBySystem(form); });
+        QObject::connect(form, &Form::closeRequested, form, [form] { Screens::unload(form); });
         form->onLoad();
         if (l.ended || l.loaded.value(id) != form)
             return nullptr;
@@ -414,21 +438,6 @@ bool Screens::anyLoaded() {
 
 Form *Screens::activeScreen() {
     return layer().active;
-}
-
-void Screens::activated(Form *form) {
-    // Activation events can arrive late, after a handler has already shown another screen.
-    // Only the screen that still holds the focus once the queue has settled becomes active.
-    QPointer<Form> candidate(form);
-    QTimer::singleShot(0, form, [candidate] {
-        Layer &l = layer();
-        if (!candidate || l.ended || l.loaded.value(candidate->screenId()) != candidate ||
-            candidate->isHidden())
-            return;
-        if (QGuiApplication::focusWindow() != candidate->window()->windowHandle())
-            return;
-        makeActive(candidate);
-    });
 }
 
 void Screens::prepareLikelyNext() {

@@ -17,7 +17,8 @@
 // at four fifths of its height.
 class Screens {
 public:
-    using Factory = std::function<Form *()>;
+    // Makes a screen at the zoom factor of the window it will be shown in.
+    using Factory = std::function<Form *(double zoomFactor)>;
 
     // main() registers how each screen is made; the layer never names a screen class itself.
     static void registerScreen(ScreenId id, const Factory &factory);
@@ -37,9 +38,6 @@ public:
     template <class T> static T *loaded(ScreenId id) { return static_cast<T *>(loaded(id)); }
     static bool anyLoaded();
     static Form *activeScreen();
-
-    // Called when the window system activates one of the screens.
-    static void activated(Form *form);
 
     // Builds the screens the active page names as likely next ones, while the pupil reads; a
     // show then takes the prepared instance instead of building one. Runs by itself a moment

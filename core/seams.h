@@ -2,14 +2,13 @@
 #pragma once
 
 #include <QDateTime>
-#include <QMessageBox>
 #include <QString>
 
 #include <functional>
-#include <memory>
 
-// The few places where the programme touches the world outside its screens. Each has a
-// production default; tests put their own in its place.
+// The few places where the programme touches the world outside its screens, as far as the
+// programme's files need them: none of them needs a widget. Each has a production default; tests
+// put their own in its place. The message boxes are seams too (messagebox.h).
 namespace Seams {
 
 // The folder that holds the programme's files, with the platform's native separators. Asked for
@@ -29,17 +28,9 @@ double secondsSinceMidnight();
 QDateTime now();
 void setClock(std::function<QDateTime()> clock); // empty function: back to the system clock
 
-// A message box of the programme: over the active screen, in its page's font, its icon as large
-// as the page's zoom makes it.
-std::unique_ptr<QMessageBox> messageBox(QMessageBox::Icon icon, const QString &title,
-                                        const QString &text, QMessageBox::StandardButtons buttons);
-
-// A question with Yes and No, the question icon and No as the default button. True means Yes.
-bool askYesNo(const QString &text, const QString &title);
-void setYesNo(std::function<bool(const QString &text, const QString &title)> ask);
-bool askYesNoWithMessageBox(const QString &text, const QString &title); // the production box
-
-// A failure that ends the programme: the handler reports it and never returns.
+// A failure that ends the programme: the handler reports it, and the programme ends with exit
+// status 1. main() puts the failure box in place (Seams::showFailureBox); without a handler the
+// text goes to the standard error output.
 [[noreturn]] void failProgramme(const QString &systemErrorText);
 void setFailureHandler(std::function<void(const QString &)> handler);
 

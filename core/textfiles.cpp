@@ -28,8 +28,6 @@ char encodeOne(QChar c) {
     return '?';
 }
 
-const QByteArray kLineEnd("\r\n");
-
 } // namespace
 
 namespace TextFiles {
@@ -40,6 +38,10 @@ QByteArray toWindows1252(const QString &text) {
     for (QChar c : text)
         out.append(encodeOne(c));
     return out;
+}
+
+QByteArray lineBytes(const QString &line) {
+    return toWindows1252(line) + QByteArrayLiteral("\r\n");
 }
 
 QString fromWindows1252(const QByteArray &bytes) {
@@ -119,7 +121,7 @@ ReplacedFile::ReplacedFile(const QString &path)
 
 void ReplacedFile::writeLine(const QString &line) {
     if (file_.isOpen())
-        file_.write(TextFiles::toWindows1252(line) + kLineEnd);
+        file_.write(TextFiles::lineBytes(line));
 }
 
 bool ReplacedFile::close() {

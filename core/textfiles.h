@@ -15,6 +15,8 @@ namespace TextFiles {
 
 QByteArray toWindows1252(const QString &text); // characters outside the code page become '?'
 QString fromWindows1252(const QByteArray &bytes);
+// One line as every file of the programme holds it: Windows-1252, then CR LF.
+QByteArray lineBytes(const QString &line);
 
 // Folder, a separator unless the folder already ends in one, then the file name.
 QString pathInFolder(const QString &folder, const QString &fileName);

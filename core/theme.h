@@ -22,7 +22,7 @@ inline constexpr QColor kOverviewBorder{0, 96, 160}; // shape around "Wo bin ich
 inline constexpr QColor kPaceNote{255, 236, 160};    // the pace note's paper
 inline constexpr QColor kPaceNoteText{120, 0, 0};
 inline constexpr QColor kRight{27, 110, 42};         // "Richtig" in the final test
-inline constexpr QColor kWrong{179, 20, 30};         // "Falsch", hints that warn
+inline constexpr QColor kWrong{179, 20, 30};         // "Falsch", "Falsch!", hints that warn
 inline constexpr QColor kFeedbackRight{10, 110, 30}; // "Richtig!" in the feedback pictures
 inline constexpr QColor kResult{26, 63, 138};        // the grade and the explanation hint
 // Keyboard and contrast: the frame around the control that has the focus (at least 3:1 against
@@ -36,9 +36,8 @@ QString cssColour(const QColor &colour);
 
 // Window captions: "Kelvora", a run of blanks and the screen's own title, so that the title sits
 // at the right end of the caption bar. The blank counts belong to each screen.
+// The pages' own are with the topics (topics.h).
 inline constexpr int kControlCentreCaptionBlanks = 105;
-inline constexpr int kLessonPageCaptionBlanks = 116;   // pages 1 to 9
-inline constexpr int kTwoDigitPageCaptionBlanks = 114; // pages 10 and 11 give up two blanks
 inline constexpr int kWorkingMethodCaptionBlanks = 109;
 inline constexpr int kAuthorCaptionBlanks = 100;
 inline constexpr int kRequirementsCaptionBlanks = 70;

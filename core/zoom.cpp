@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "zoom.h"
 
-#include "form.h"
-
 #include <QAbstractButton>
 #include <QApplication>
 #include <QBoxLayout>
 #include <QFrame>
 #include <QGridLayout>
+#include <QHash>
 #include <QLabel>
 #include <QMenu>
 #include <QSpacerItem>
@@ -29,10 +28,25 @@ QFont scaledFont(QFont font, double scale) {
     return font;
 }
 
+// The screens and their zooms.
+QHash<const QWidget *, Zoom *> &screenZooms() {
+    static QHash<const QWidget *, Zoom *> zooms;
+    return zooms;
+}
+
 } // namespace
 
-Zoom::Zoom(QObject *parent)
-    : QObject(parent) {}
+Zoom::Zoom(QWidget *screen)
+    : QObject(screen)
+    , screen_(screen) {
+    if (screen_)
+        screenZooms().insert(screen_, this);
+}
+
+Zoom::~Zoom() {
+    if (screen_)
+        screenZooms().remove(screen_);
+}
 
 int Zoom::px(double units) const {
     return static_cast<int>(std::lround(units * factor_));
@@ -176,9 +190,10 @@ QFont Zoom::designFont(const QWidget *w) {
 
 Zoom *Zoom::of(const QWidget *w) {
     // Up to the screen the widget belongs to, through the windows a menu or a message box opens.
+    const QHash<const QWidget *, Zoom *> &zooms = screenZooms();
     for (; w; w = w->parentWidget()) {
-        if (const auto *form = qobject_cast<const Form *>(w))
-            return &form->zoom();
+        if (Zoom *zoom = zooms.value(w))
+            return zoom;
     }
     return nullptr;
 }
@@ -187,7 +202,8 @@ Zoom &Zoom::on(const QWidget *w) {
     if (Zoom *zoom = of(w))
         return *zoom;
     static Zoom *designSize = [] {
-        auto *zoom = new Zoom(QCoreApplication::instance());
+        auto *zoom = new Zoom(nullptr);
+        zoom->setParent(QCoreApplication::instance());
         zoom->fixed_ = true;
         return zoom;
     }();

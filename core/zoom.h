@@ -30,7 +30,12 @@ public:
     // The smallest factor a window can be made, unless its screen is smaller still.
     static constexpr double kSmallest = 0.8;
 
-    explicit Zoom(QObject *parent = nullptr);
+    // The zoom of a screen: `screen` and every widget inside it follow this factor. Without a
+    // screen, a zoom of its own.
+    explicit Zoom(QWidget *screen);
+    ~Zoom() override;
+    Zoom(const Zoom &) = delete;
+    Zoom &operator=(const Zoom &) = delete;
 
     double factor() const { return factor_; }
     // Design units in pixels at the current factor.
@@ -84,6 +89,7 @@ private:
         QPointer<QObject> owner;
         std::function<void(const Zoom &)> apply;
     };
+    const QWidget *screen_;
     double factor_ = 1.0;
     bool fixed_ = false;
     std::vector<Follower> followers_;

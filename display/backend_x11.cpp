@@ -71,6 +71,28 @@ bool sideways(Rotation rotation) {
     return (rotation & (RR_Rotate_90 | RR_Rotate_270)) != 0;
 }
 
+// The physical size in millimetres of `pixels` at the dots per inch that `oldPixels` had at
+// `oldMm`, so that a new desktop size keeps them; 96 dots per inch where the server knows no
+// physical size.
+int millimetres(int pixels, int oldPixels, int oldMm) {
+    if (oldPixels > 0 && oldMm > 0)
+        return std::max(1, oldMm * pixels / oldPixels);
+    return std::max(1, static_cast<int>(std::lround(pixels * 25.4 / 96.0)));
+}
+
+// The whole desktop: its size in pixels and in millimetres (0 where the server knows none).
+struct Desktop {
+    DisplaySize pixels;
+    int widthMm = 0;
+    int heightMm = 0;
+
+    // A desktop of another size at the same dots per inch.
+    Desktop resized(DisplaySize size) const {
+        return {size, millimetres(size.width, pixels.width, widthMm),
+                millimetres(size.height, pixels.height, heightMm)};
+    }
+};
+
 class X11DisplayBackend final : public DisplayBackend {
 public:
     explicit X11DisplayBackend(Display *display)
@@ -109,13 +131,22 @@ private:
     };
     static constexpr RRMode kNoSuchMode = 0x7fffffff;
 
-    // The steps of a mode change. Each sends its request; the caller asks the server whether it
-    // was carried out.
+    // What a mode change needs to know before it touches anything.
+    std::optional<RRMode> modeOfSize(DisplaySize size) const;
+    std::optional<DisplaySize> desktopHolding(const Resources &resources, RRCrtc crtc,
+                                              const XRRCrtcInfo &lit, DisplaySize modeSize) const;
+    Desktop currentDesktop() const;
+
+    // The steps of a mode change, in their order, each checked: false as soon as the server
+    // refuses one.
+    bool sendSteps(const Resources &resources, RRCrtc crtc, const CrtcState &before, RRMode mode,
+                   bool shrinks, const Desktop &old, const Desktop &wanted, XErrorTrap &trap);
+    // One step each: it sends its request, and the caller asks the server whether it was carried
+    // out.
     bool setCrtc(const Resources &resources, RRCrtc crtc, const CrtcState &state, X11ModeStep step);
-    void setScreenSize(DisplaySize size, int widthMm, int heightMm,
-                       std::optional<X11ModeStep> step);
-    void putBack(RRCrtc crtc, const CrtcState &before, DisplaySize oldSize, int oldWidthMm,
-                 int oldHeightMm);
+    void setScreenSize(const Desktop &desktop, std::optional<X11ModeStep> step);
+    // After a refused step: the output, the desktop size and the mode as they were.
+    void putBack(RRCrtc crtc, const CrtcState &before, const Desktop &old);
 
     // The output the desktop is shown on: the primary one, else the first lit output.
     RROutput screenOutput(const Resources &resources) const {
@@ -131,6 +162,15 @@ private:
                 first = resources->outputs[i];
         }
         return first;
+    }
+
+    // The CRTC that lights the output the desktop is shown on, or None.
+    RRCrtc screenCrtc(const Resources &resources) const {
+        const RROutput output = screenOutput(resources);
+        if (output == None)
+            return None;
+        OutputInfo info(XRRGetOutputInfo(display_, resources.p, output));
+        return info ? info->crtc : None;
     }
 
     std::vector<Mode> outputModes() const {
@@ -169,107 +209,110 @@ private:
 };
 
 void X11DisplayBackend::change(int width, int height) {
-    const std::vector<Mode> modes = outputModes();
-    const auto wanted = std::find_if(modes.begin(), modes.end(), [&](const Mode &m) {
-        return m.size == DisplaySize{width, height};
-    });
-    if (wanted == modes.end())
+    const std::optional<RRMode> mode = modeOfSize({width, height});
+    if (!mode)
         return;
-
     Resources resources(XRRGetScreenResources(display_, root_));
     if (!resources)
         return;
-    const RROutput output = screenOutput(resources);
-    if (output == None)
+    const RRCrtc crtc = screenCrtc(resources);
+    CrtcInfo lit(crtc == None ? nullptr : XRRGetCrtcInfo(display_, resources.p, crtc));
+    if (!lit)
         return;
-    OutputInfo outputInfo(XRRGetOutputInfo(display_, resources.p, output));
-    if (!outputInfo)
+    const std::optional<DisplaySize> size =
+        desktopHolding(resources, crtc, *lit.p, {width, height});
+    if (!size)
         return;
-    const RRCrtc crtc = outputInfo->crtc;
-    CrtcInfo crtcInfo(XRRGetCrtcInfo(display_, resources.p, crtc));
-    if (!crtcInfo)
-        return;
+    const Desktop old = currentDesktop();
+    // The physical size follows the pixels, so that the dots per inch stay as they were.
+    const Desktop wanted = old.resized(*size);
 
-    // The desktop grows or shrinks to hold the new mode next to every other lit output.
-    const bool turned = sideways(crtcInfo->rotation);
-    const int newWidth = turned ? height : width;
-    const int newHeight = turned ? width : height;
-    int screenWidth = crtcInfo->x + newWidth;
-    int screenHeight = crtcInfo->y + newHeight;
+    // Every step is checked. When one is refused, what was changed before it is put back: the
+    // display keeps its mode, the desktop its size and the output its place.
+    const CrtcState before{lit->x, lit->y, lit->mode, lit->rotation, lit->outputs, lit->noutput};
+    // An output may not lie outside the desktop even for a moment: when the desktop shrinks it
+    // is switched off first and lit again with the new mode.
+    const bool shrinks = lit->x + static_cast<int>(lit->width) > size->width ||
+                         lit->y + static_cast<int>(lit->height) > size->height;
+    XErrorTrap trap(display_);
+    XGrabServer(display_);
+    if (!sendSteps(resources, crtc, before, *mode, shrinks, old, wanted, trap)) {
+        putBack(crtc, before, old.resized(old.pixels));
+        trap.allDone(display_);
+    }
+    XUngrabServer(display_);
+    XSync(display_, False);
+}
+
+std::optional<RRMode> X11DisplayBackend::modeOfSize(DisplaySize size) const {
+    const std::vector<Mode> modes = outputModes();
+    const auto found =
+        std::find_if(modes.begin(), modes.end(), [&](const Mode &m) { return m.size == size; });
+    if (found == modes.end())
+        return std::nullopt;
+    return found->id;
+}
+
+// The desktop grows or shrinks to hold the new mode next to every other lit output; nothing when
+// the server cannot make a desktop of that size.
+std::optional<DisplaySize> X11DisplayBackend::desktopHolding(const Resources &resources,
+                                                             RRCrtc crtc, const XRRCrtcInfo &lit,
+                                                             DisplaySize modeSize) const {
+    const bool turned = sideways(lit.rotation);
+    DisplaySize desktop{lit.x + (turned ? modeSize.height : modeSize.width),
+                        lit.y + (turned ? modeSize.width : modeSize.height)};
     for (int i = 0; i < resources->ncrtc; ++i) {
         if (resources->crtcs[i] == crtc)
             continue;
         CrtcInfo other(XRRGetCrtcInfo(display_, resources.p, resources->crtcs[i]));
         if (other && other->mode != None) {
-            screenWidth = std::max(screenWidth, other->x + static_cast<int>(other->width));
-            screenHeight = std::max(screenHeight, other->y + static_cast<int>(other->height));
+            desktop.width = std::max(desktop.width, other->x + static_cast<int>(other->width));
+            desktop.height = std::max(desktop.height, other->y + static_cast<int>(other->height));
         }
     }
     int minWidth = 0, minHeight = 0, maxWidth = 0, maxHeight = 0;
     if (!XRRGetScreenSizeRange(display_, root_, &minWidth, &minHeight, &maxWidth, &maxHeight) ||
-        screenWidth < minWidth || screenHeight < minHeight || screenWidth > maxWidth ||
-        screenHeight > maxHeight)
-        return;
+        desktop.width < minWidth || desktop.height < minHeight || desktop.width > maxWidth ||
+        desktop.height > maxHeight)
+        return std::nullopt;
+    return desktop;
+}
 
-    // Xlib's own record of the screen size is from the time the connection was opened; the
-    // server is asked for the size in force and its physical size.
-    const DisplaySize old = screenSize();
-    int oldWidthMm = 0, oldHeightMm = 0;
-    if (XRRScreenConfiguration *config = XRRGetScreenInfo(display_, root_)) {
-        int count = 0;
-        Rotation rotation = 0;
-        const XRRScreenSize *sizes = XRRConfigSizes(config, &count);
-        const int index = XRRConfigCurrentConfiguration(config, &rotation);
-        if (sizes && index >= 0 && index < count) {
-            oldWidthMm = sideways(rotation) ? sizes[index].mheight : sizes[index].mwidth;
-            oldHeightMm = sideways(rotation) ? sizes[index].mwidth : sizes[index].mheight;
-        }
-        XRRFreeScreenConfigInfo(config);
+// Xlib's own record of the screen size is from the time the connection was opened; the server is
+// asked for the size in force and its physical size.
+Desktop X11DisplayBackend::currentDesktop() const {
+    Desktop desktop{screenSize()};
+    XRRScreenConfiguration *config = XRRGetScreenInfo(display_, root_);
+    if (!config)
+        return desktop;
+    int count = 0;
+    Rotation rotation = 0;
+    const XRRScreenSize *sizes = XRRConfigSizes(config, &count);
+    const int index = XRRConfigCurrentConfiguration(config, &rotation);
+    if (sizes && index >= 0 && index < count) {
+        const XRRScreenSize &size = sizes[index];
+        desktop.widthMm = sideways(rotation) ? size.mheight : size.mwidth;
+        desktop.heightMm = sideways(rotation) ? size.mwidth : size.mheight;
     }
-    // The physical size follows the pixels, so that the dots per inch stay as they were; a
-    // server that knows no physical size is given 96 dots per inch.
-    const auto millimetres = [](int pixels, int oldPixels, int oldMm) {
-        if (oldPixels > 0 && oldMm > 0)
-            return std::max(1, oldMm * pixels / oldPixels);
-        return std::max(1, static_cast<int>(std::lround(pixels * 25.4 / 96.0)));
-    };
-    const int widthMm = millimetres(screenWidth, old.width, oldWidthMm);
-    const int heightMm = millimetres(screenHeight, old.height, oldHeightMm);
+    XRRFreeScreenConfigInfo(config);
+    return desktop;
+}
 
-    // Every step is checked. When one is refused, what was changed before it is put back: the
-    // display keeps its mode, the desktop its size and the output its place.
-    const CrtcState before{crtcInfo->x,        crtcInfo->y,       crtcInfo->mode,
-                           crtcInfo->rotation, crtcInfo->outputs, crtcInfo->noutput};
-    XErrorTrap trap(display_);
-    XGrabServer(display_);
-    // An output may not lie outside the desktop even for a moment: when the desktop shrinks it
-    // is switched off first and lit again with the new mode.
-    const bool shrinks = crtcInfo->x + static_cast<int>(crtcInfo->width) > screenWidth ||
-                         crtcInfo->y + static_cast<int>(crtcInfo->height) > screenHeight;
-    bool done = true;
-    if (shrinks) {
-        done = setCrtc(resources, crtc, {0, 0, None, RR_Rotate_0, nullptr, 0},
-                       X11ModeStep::OutputOff) &&
-               trap.allDone(display_);
+bool X11DisplayBackend::sendSteps(const Resources &resources, RRCrtc crtc, const CrtcState &before,
+                                  RRMode mode, bool shrinks, const Desktop &old,
+                                  const Desktop &wanted, XErrorTrap &trap) {
+    if (shrinks &&
+        !(setCrtc(resources, crtc, {0, 0, None, RR_Rotate_0, nullptr, 0}, X11ModeStep::OutputOff) &&
+          trap.allDone(display_)))
+        return false;
+    if (wanted.pixels != old.pixels) {
+        setScreenSize(wanted, X11ModeStep::ScreenSize);
+        if (!trap.allDone(display_))
+            return false;
     }
-    if (done && (screenWidth != old.width || screenHeight != old.height)) {
-        setScreenSize({screenWidth, screenHeight}, widthMm, heightMm, X11ModeStep::ScreenSize);
-        done = trap.allDone(display_);
-    }
-    if (done) {
-        done = setCrtc(resources, crtc,
-                       {before.x, before.y, wanted->id, before.rotation, before.outputs,
-                        before.outputCount},
-                       X11ModeStep::NewMode) &&
-               trap.allDone(display_);
-    }
-    if (!done) {
-        putBack(crtc, before, old, millimetres(old.width, old.width, oldWidthMm),
-                millimetres(old.height, old.height, oldHeightMm));
-        trap.allDone(display_);
-    }
-    XUngrabServer(display_);
-    XSync(display_, False);
+    CrtcState lit = before;
+    lit.mode = mode;
+    return setCrtc(resources, crtc, lit, X11ModeStep::NewMode) && trap.allDone(display_);
 }
 
 bool X11DisplayBackend::setCrtc(const Resources &resources, RRCrtc crtc, const CrtcState &state,
@@ -280,16 +323,13 @@ bool X11DisplayBackend::setCrtc(const Resources &resources, RRCrtc crtc, const C
                             state.rotation, state.outputs, state.outputCount) == RRSetConfigSuccess;
 }
 
-void X11DisplayBackend::setScreenSize(DisplaySize size, int widthMm, int heightMm,
-                                      std::optional<X11ModeStep> step) {
+void X11DisplayBackend::setScreenSize(const Desktop &desktop, std::optional<X11ModeStep> step) {
     // A desktop of no pixels is refused by the server.
-    if (step && refusedStep == step)
-        size = {};
-    XRRSetScreenSize(display_, root_, size.width, size.height, widthMm, heightMm);
+    const DisplaySize size = step && refusedStep == step ? DisplaySize{} : desktop.pixels;
+    XRRSetScreenSize(display_, root_, size.width, size.height, desktop.widthMm, desktop.heightMm);
 }
 
-void X11DisplayBackend::putBack(RRCrtc crtc, const CrtcState &before, DisplaySize oldSize,
-                                int oldWidthMm, int oldHeightMm) {
+void X11DisplayBackend::putBack(RRCrtc crtc, const CrtcState &before, const Desktop &old) {
     Resources resources(XRRGetScreenResourcesCurrent(display_, root_));
     if (!resources)
         return;
@@ -300,8 +340,8 @@ void X11DisplayBackend::putBack(RRCrtc crtc, const CrtcState &before, DisplaySiz
     if (!asBefore && now && now->mode != None)
         XRRSetCrtcConfig(display_, resources.p, crtc, CurrentTime, 0, 0, None, RR_Rotate_0, nullptr,
                          0);
-    if (screenSize() != oldSize && oldSize.width > 0 && oldSize.height > 0)
-        setScreenSize(oldSize, oldWidthMm, oldHeightMm, std::nullopt);
+    if (screenSize() != old.pixels && old.pixels.width > 0 && old.pixels.height > 0)
+        setScreenSize(old, std::nullopt);
     if (!asBefore)
         XRRSetCrtcConfig(display_, resources.p, crtc, CurrentTime, before.x, before.y, before.mode,
                          before.rotation, before.outputs, before.outputCount);
@@ -309,17 +349,10 @@ void X11DisplayBackend::putBack(RRCrtc crtc, const CrtcState &before, DisplaySiz
 
 DisplaySize X11DisplayBackend::currentSize() {
     Resources resources(XRRGetScreenResourcesCurrent(display_, root_));
-    if (resources) {
-        const RROutput output = screenOutput(resources);
-        if (output != None) {
-            OutputInfo outputInfo(XRRGetOutputInfo(display_, resources.p, output));
-            if (outputInfo) {
-                CrtcInfo crtcInfo(XRRGetCrtcInfo(display_, resources.p, outputInfo->crtc));
-                if (crtcInfo && crtcInfo->mode != None)
-                    return {static_cast<int>(crtcInfo->width), static_cast<int>(crtcInfo->height)};
-            }
-        }
-    }
+    const RRCrtc crtc = resources ? screenCrtc(resources) : None;
+    CrtcInfo lit(crtc == None ? nullptr : XRRGetCrtcInfo(display_, resources.p, crtc));
+    if (lit && lit->mode != None)
+        return {static_cast<int>(lit->width), static_cast<int>(lit->height)};
     return screenSize();
 }
 

@@ -27,8 +27,8 @@ QLabel *wrappedLabel(const QString &text, QWidget *parent) {
 
 } // namespace
 
-DisplayModeScreen::DisplayModeScreen(QWidget *parent)
-    : Form(ScreenId::DisplayMode, parent) {
+DisplayModeScreen::DisplayModeScreen(double zoomFactor)
+    : Form(ScreenId::DisplayMode, zoomFactor) {
     setWindowTitle(Theme::windowCaption(Theme::kDisplayModeCaptionBlanks,
                                         QStringLiteral("Bildschirmauflösung")));
     setDesignSize({680, 460});
@@ -165,5 +165,6 @@ bool DisplayModeScreen::closeOnEscape() {
 }
 
 void registerDisplayScreens() {
-    Screens::registerScreen(ScreenId::DisplayMode, [] { return new DisplayModeScreen; });
+    Screens::registerScreen(ScreenId::DisplayMode,
+                            [](double factor) { return new DisplayModeScreen(factor); });
 }

@@ -14,7 +14,7 @@ class SvgView;
 class DisplayModeScreen : public Form {
     Q_OBJECT
 public:
-    explicit DisplayModeScreen(QWidget *parent = nullptr);
+    explicit DisplayModeScreen(double zoomFactor);
 
     // Form_Load: lists the modes and selects the current one.
     void onLoad() override;

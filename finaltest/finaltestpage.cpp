@@ -7,6 +7,7 @@
 #include "gradescale.h"
 #include "grading.h"
 #include "keyboard.h"
+#include "messagebox.h"
 #include "picture.h"
 #include "printing.h"
 #include "resultlog.h"
@@ -14,6 +15,7 @@
 #include "seams.h"
 #include "textfiles.h"
 #include "theme.h"
+#include "topics.h"
 #include "widgets.h"
 #include "zoom.h"
 
@@ -53,6 +55,16 @@ namespace {
 
 constexpr int kHalfChangeMs = 3000;
 constexpr int kExplanationMs = 8000;
+
+// The questions (0..9) whose solving does more than show the next one.
+constexpr int kFirstQuestion = 0;             // its first logged click starts the log anew
+constexpr int kExplanationWithdrawnAfter = 1; // by then the buttons are understood
+constexpr int kLastOfFirstHalf = 4;           // the second five take the first five's place
+constexpr int kLastQuestion = kTestQuestionCount - 1;
+
+// What page 11 saves after its page number for "hier weiterarbeiten": a value that nothing in the
+// programme ever sets, and nothing reads back.
+constexpr int kFinalResumeValue = 0;
 // The question texts and the instruction break at their runs of blanks.
 constexpr BlankRuns kCaptionRuns{.line = 2, .paragraph = 40};
 
@@ -153,10 +165,16 @@ protected:
 
 } // namespace
 
-FinalTestPage::FinalTestPage(QWidget *parent)
-    : PageBase(ScreenId::FinalTest, 11, parent)
+FinalTestPage::FinalTestPage(Course &course, double zoomFactor)
+    : PageBase(ScreenId::FinalTest, 11, course, zoomFactor)
     , optionKeys_(new OptionKeys(this)) {
     buildControls();
+    // The totals follow the test's counters; a grade given shows here.
+    connect(&course_, &Course::testCountsChanged, this, [this] {
+        totalCorrectLabel->setText(QString::number(course_.testCorrectCount()));
+        totalAnsweredLabel->setText(QString::number(course_.testAnsweredCount()));
+    });
+    connect(&course_, &Course::graded, this, &FinalTestPage::showGrade);
 }
 
 QGroupBox *FinalTestPage::buildQuestion(int k, QWidget *parent) {
@@ -207,8 +225,7 @@ QGroupBox *FinalTestPage::buildQuestion(int k, QWidget *parent) {
 
         auto *verdict = new QLabel(verdictCaption(i), frame);
         verdict->setObjectName(QStringLiteral("Label16_%1").arg(i));
-        setTextColour(verdict,
-                      verdict->text() == QStringLiteral("Richtig") ? Theme::kRight : Theme::kWrong);
+        setTextColour(verdict, isRightOption(i) ? Theme::kRight : Theme::kWrong);
         z.setBold(verdict);
         keepPlaceWhenHidden(verdict);
         verdict->hide();
@@ -234,8 +251,7 @@ QGroupBox *FinalTestPage::buildQuestion(int k, QWidget *parent) {
 }
 
 void FinalTestPage::buildControls() {
-    setWindowTitle(
-        Theme::windowCaption(Theme::kTwoDigitPageCaptionBlanks, QStringLiteral("Seite 11")));
+    setWindowTitle(Topics::pageCaption(Topics::kFinalTestPage));
 
     QWidget *central = this->page();
     Zoom &z = zoom();
@@ -246,8 +262,25 @@ void FinalTestPage::buildControls() {
     auto *page = new QVBoxLayout(central);
     z.setMargins(page, 10, 4, 10, 4);
     z.setSpacing(page, 3);
+    page->addLayout(buildScorePanel(central));
+    buildQuestions(central, page);
+    page->addStretch(1);
+    page->addLayout(buildFooter(central));
 
-    // Title and score panel.
+    // A screen reader says the page, the title and the instruction with the option that has the
+    // focus on arrival.
+    optionButtons[0]->setAccessibleDescription(QStringLiteral("Seite %1. %2. %3")
+                                                   .arg(QString::number(pageNumber()),
+                                                        titleLabel->text(),
+                                                        instructionLabel->accessibleName()));
+    halfChangeTimer = new QTimer(this);
+    halfChangeTimer->setInterval(kHalfChangeMs);
+    nameControls();
+    connectHandlers();
+}
+
+QHBoxLayout *FinalTestPage::buildScorePanel(QWidget *central) {
+    Zoom &z = zoom();
     auto *top = new QHBoxLayout;
     titleLabel = new QLabel(QStringLiteral("Abschlusstest"), central);
     z.setFont(titleLabel, 1.8, true);
@@ -271,28 +304,46 @@ void FinalTestPage::buildControls() {
     group({questionNumberHeading, questionNumberLabel});
     group({scoreHeading, lastScoreLabel, triesOfLabel, triesLabel});
     group({totalHeading, totalCorrectLabel, totalOfLabel, totalAnsweredLabel});
-    page->addLayout(top);
+    return top;
+}
 
-    // The questions, one below the other as they are shown; the button explanation follows.
+void FinalTestPage::buildQuestions(QWidget *central, QVBoxLayout *page) {
+    // One below the other as they are shown; the button explanation follows.
     for (int k = 0; k < kTestQuestionCount; ++k) {
         questionFrames[static_cast<std::size_t>(k)] = buildQuestion(k, central);
         page->addWidget(questionFrames[static_cast<std::size_t>(k)]);
-        questionFrames[static_cast<std::size_t>(k)]->setVisible(k == 0);
+        questionFrames[static_cast<std::size_t>(k)]->setVisible(k == kFirstQuestion);
     }
-    z.follow(this, [this](const Zoom &) { alignOptionColumns(questionFrames); });
+    zoom().follow(this, [this](const Zoom &) { alignOptionColumns(questionFrames); });
     auto *explanationRow = new QHBoxLayout;
     explanationRow->addWidget(explanationPicture);
     explanationRow->addStretch(1);
     page->addLayout(explanationRow);
-    page->addStretch(1);
+}
 
-    // Instruction or grade, hint, and the buttons.
+QGridLayout *FinalTestPage::buildFooter(QWidget *central) {
+    Zoom &z = zoom();
     auto *bottom = new QGridLayout;
     z.follow(bottom, [bottom](const Zoom &zz) { bottom->setHorizontalSpacing(zz.px(8)); });
     instructionLabel = new CaptionLabel(kTestInstruction, kCaptionRuns, central);
     instructionLabel->setFrameShape(QFrame::Box);
     z.setMargin(instructionLabel, 4);
     bottom->addWidget(instructionLabel, 0, 0, 2, 1, Qt::AlignLeft | Qt::AlignBottom);
+    // Instruction and result share their place: the one goes when the other comes.
+    bottom->addLayout(buildResult(central), 0, 0, 2, 1, Qt::AlignLeft | Qt::AlignBottom);
+    setTextColour(explanationHint, Theme::kResult);
+    // Over the buttons, as wide as the room beside the instruction, in two lines where it needs
+    // them.
+    explanationHint->setWordWrap(true);
+    explanationHint->setAlignment(Qt::AlignRight | Qt::AlignBottom);
+    bottom->addWidget(explanationHint, 0, 1);
+    bottom->addLayout(buildButtons(central), 1, 1, Qt::AlignRight);
+    bottom->setColumnStretch(1, 1);
+    return bottom;
+}
+
+QVBoxLayout *FinalTestPage::buildResult(QWidget *central) {
+    Zoom &z = zoom();
     auto *result = new QVBoxLayout;
     z.setSpacing(result, 6);
     gradeLabel = new QLabel(central);
@@ -304,15 +355,11 @@ void FinalTestPage::buildControls() {
     z.setMinimumHeight(printButton, 40);
     printButton->hide();
     result->addWidget(printButton);
-    // Instruction and result share their place: the one goes when the other comes.
-    bottom->addLayout(result, 0, 0, 2, 1, Qt::AlignLeft | Qt::AlignBottom);
-    setTextColour(explanationHint, Theme::kResult);
-    // Over the buttons, as wide as the room beside the instruction, in two lines where it needs
-    // them.
-    explanationHint->setWordWrap(true);
-    explanationHint->setAlignment(Qt::AlignRight | Qt::AlignBottom);
-    bottom->addWidget(explanationHint, 0, 1);
+    return result;
+}
 
+QHBoxLayout *FinalTestPage::buildButtons(QWidget *central) {
+    Zoom &z = zoom();
     auto *buttons = new QHBoxLayout;
     previousPageButton = new QPushButton(QStringLiteral("<<"), central);
     previousPageButton->setAccessibleName(QStringLiteral("Zurück zu Seite 10"));
@@ -328,23 +375,13 @@ void FinalTestPage::buildControls() {
         buttons->addWidget(b);
     z.addSpacing(buttons, 12);
     buttons->addWidget(endButton);
-    bottom->addLayout(buttons, 1, 1, Qt::AlignRight);
-    bottom->setColumnStretch(1, 1);
-    page->addLayout(bottom);
-
     setActive(endPageButton, false);
     setActive(restartTestButton, false);
     setActive(gradeButton, false);
-    // A screen reader says the page, the title and the instruction with the option that has the
-    // focus on arrival.
-    optionButtons[0]->setAccessibleDescription(QStringLiteral("Seite %1. %2. %3")
-                                                   .arg(QString::number(pageNumber()),
-                                                        titleLabel->text(),
-                                                        instructionLabel->accessibleName()));
+    return buttons;
+}
 
-    halfChangeTimer = new QTimer(this);
-    halfChangeTimer->setInterval(kHalfChangeMs);
-
+void FinalTestPage::nameControls() {
     setFormNames({{titleLabel, "Label1"},
                   {questionNumberHeading, "Label5"},
                   {questionNumberLabel, "Label6"},
@@ -364,7 +401,9 @@ void FinalTestPage::buildControls() {
                   {gradeButton, "Command5"},
                   {printButton, "Command7"},
                   {halfChangeTimer, "Timer1"}});
+}
 
+void FinalTestPage::connectHandlers() {
     connect(endPageButton, &QPushButton::clicked, this, &FinalTestPage::toEndPage);
     connect(previousPageButton, &QPushButton::clicked, this, &FinalTestPage::previousPage);
     connect(restartTestButton, &QPushButton::clicked, this, &FinalTestPage::restartTest);
@@ -376,18 +415,16 @@ void FinalTestPage::buildControls() {
 void FinalTestPage::onLoad() {
     for (QRadioButton *option : optionButtons)
         option->setChecked(false);
-    course.testCorrectCount = 0;
-    course.testAnsweredCount = 0;
+    course_.resetTestCounts();
     lastClickScore = 0;
     questionTries = 0;
     explanationTimer->start();
 }
 
 void FinalTestPage::onActivate() {
-    course.startFilePath = TextFiles::programmePath(kStartFileName);
-    course.gradeFilePath = TextFiles::programmePath(kGradeFileName);
-    course.resultFilePath = TextFiles::programmePath(kResultFileName);
-    course.currentPage = 11;
+    course_.formStartFilePath();
+    course_.formTestFilePaths();
+    course_.setCurrentPage(11);
     questionHeaderWritten = 0;
 }
 
@@ -404,44 +441,44 @@ void FinalTestPage::onOptionClicked(int index) {
     if (isRightOption(index)) {
         lastClickScore = 1;
         questionTries += 1;
-        course.testCorrectCount += 1;
-        course.testAnsweredCount += 1;
+        course_.countTestClick(true); // a click, and a right one
         logClick(index, resumeNext);
         ResultLog::writeEmptyLine();
-        if (k == 9) {
+        if (k == kLastQuestion) {
             // A question 10 that had wrong clicks gets a second empty line.
             if (questionHeaderWritten == 1)
                 ResultLog::writeEmptyLine();
-            ResultLog::writeTotals(course.testCorrectCount, course.testAnsweredCount);
+            ResultLog::writeTotals(course_.testCorrectCount(), course_.testAnsweredCount());
             ResultLog::writeDateLine();
         }
         questionHeaderWritten = 0;
-        if (k == 0) {
+        if (k == kFirstQuestion) {
             setActive(restartTestButton, true);
-        } else if (k == 1) {
+        } else if (k == kExplanationWithdrawnAfter) {
             withdrawExplanation();
-        } else if (k == 4) {
+        } else if (k == kLastOfFirstHalf) {
             halfChangeTimer->start();
         }
     } else {
         lastClickScore = 0;
         questionTries += 1;
-        course.testAnsweredCount += 1;
+        course_.countTestClick(false);
         logClick(index, resumeNext);
         questionHeaderWritten = 1;
     }
 
+    // The score panel; its totals have followed the counters.
     questionNumberLabel->setText(QString::number(k + 1));
     lastScoreLabel->setText(QString::number(lastClickScore));
     triesLabel->setText(QString::number(questionTries));
-    totalCorrectLabel->setText(QString::number(course.testCorrectCount));
-    totalAnsweredLabel->setText(QString::number(course.testAnsweredCount));
     markerLabels[i]->setVisible(true);
 
     // A screen reader reads the verdict with the option.
     optionButtons[i]->setAccessibleDescription(verdictLabels[i]->text());
 
-    const bool right = verdictLabels[i]->text() == QStringLiteral("Richtig");
+    // Solved or not goes by the answer key, as the counting above did. The verdict beside the
+    // option is made from the same key, so it says "Richtig" for exactly these options.
+    const bool right = isRightOption(index);
     // A screen reader says the verdict and the points at once: the option keeps the focus, or the
     // next question takes it.
     Accessibility::announce(page(),
@@ -457,24 +494,24 @@ void FinalTestPage::onOptionClicked(int index) {
         focusWidget()->clearFocus();
     if (right)
         describeSolved(k);
-    if (right && k < 9) {
+    if (right && k < kLastQuestion) {
         questionFrames[q]->setEnabled(false);
-        if (k != 4)
+        if (k != kLastOfFirstHalf)
             questionFrames[q + 1]->setVisible(true);
         questionTries = 0;
-        if (focusInQuestion && k != 4)
+        if (focusInQuestion && k != kLastOfFirstHalf)
             focusQuestion(k + 1);
-        focusToSecondHalf_ = focusInQuestion && k == 4;
+        focusToSecondHalf_ = focusInQuestion && k == kLastOfFirstHalf;
     }
-    if (right && k == 9) {
-        questionFrames[9]->setEnabled(false);
+    if (right && k == kLastQuestion) {
+        questionFrames[q]->setEnabled(false);
         setActive(endPageButton, true);
         setActive(gradeButton, true);
         setActive(restartTestButton, true);
         gradeButton->setAccessibleDescription(
             QStringLiteral("Test beendet: %1 Punkte von %2 Punkten")
-                .arg(course.testCorrectCount)
-                .arg(course.testAnsweredCount));
+                .arg(course_.testCorrectCount())
+                .arg(course_.testAnsweredCount()));
         gradeButton->setFocus();
         printButton->setVisible(true);
         instructionLabel->setVisible(false);
@@ -487,9 +524,9 @@ void FinalTestPage::logClick(int index, std::optional<ResultLog::ResumeNext> &re
     const auto q = static_cast<std::size_t>(index / 4);
     // The first logged click of question 1 creates the log, and the rest of its handler runs
     // under the resume-next policy.
-    if (q == 0 && questionHeaderWritten != 1) {
+    if (index / 4 == kFirstQuestion && questionHeaderWritten != 1) {
         resumeNext.emplace();
-        ResultLog::create(course.resultFilePath);
+        ResultLog::create(course_.resultFilePath());
         ResultLog::writeFileHeading();
     }
     if (questionHeaderWritten != 1)
@@ -517,13 +554,13 @@ void FinalTestPage::askForGrade() {
                         QStringLiteral("Punktetabelle für Zensierung"))) {
         Screens::show(ScreenId::GradeScale);
     } else {
-        gradeTest();
+        gradeTest(course_);
         withdrawExplanation();
     }
 }
 
 void FinalTestPage::printAndEnd() {
-    const QStringList lines = Printing::readLines(course.resultFilePath);
+    const QStringList lines = Printing::readLines(course_.resultFilePath());
     Printing::printLines(lines);
     Screens::endProgramme();
 }
@@ -533,7 +570,7 @@ QList<int> FinalTestPage::numbersAfterRestart() const {
 }
 
 QList<int> FinalTestPage::numbersAfterResume() const {
-    return {course.finalResumeValue};
+    return {kFinalResumeValue};
 }
 
 void FinalTestPage::focusAfterExitFrame() {
@@ -541,14 +578,22 @@ void FinalTestPage::focusAfterExitFrame() {
 }
 
 void FinalTestPage::showSecondHalf() {
-    questionFrames[5]->setVisible(true);
-    for (std::size_t k = 0; k <= 4; ++k)
+    questionFrames[kLastOfFirstHalf + 1]->setVisible(true);
+    for (std::size_t k = 0; k <= kLastOfFirstHalf; ++k)
         questionFrames[k]->setVisible(false);
     halfChangeTimer->stop();
     // Unless the pupil has moved on meanwhile, question 6 takes the focus.
     if (focusToSecondHalf_ && !focusWidget())
-        focusQuestion(5);
+        focusQuestion(kLastOfFirstHalf + 1);
     focusToSecondHalf_ = false;
+}
+
+void FinalTestPage::showGrade(const QString &grade) {
+    gradeLabel->setText(grade);
+    gradeLabel->setVisible(true);
+    // A screen reader says the grade with the button that takes the focus.
+    endPageButton->setAccessibleDescription(grade.simplified());
+    endPageButton->setFocus();
 }
 
 void FinalTestPage::describeSolved(int k) {
@@ -566,7 +611,10 @@ void FinalTestPage::focusQuestion(int k) {
     optionButtons.at(4 * static_cast<std::size_t>(k))->setFocus(Qt::OtherFocusReason);
 }
 
-void registerFinalTestScreens() {
-    Screens::registerScreen(ScreenId::FinalTest, [] { return new FinalTestPage; });
-    Screens::registerScreen(ScreenId::GradeScale, [] { return new GradeScaleScreen; });
+void registerFinalTestScreens(Course &course) {
+    Screens::registerScreen(ScreenId::FinalTest,
+                            [&course](double factor) { return new FinalTestPage(course, factor); });
+    Screens::registerScreen(ScreenId::GradeScale, [&course](double factor) {
+        return new GradeScaleScreen(course, factor);
+    });
 }

@@ -10,18 +10,22 @@
 #include <optional>
 
 class CaptionLabel;
+class Course;
+class QGridLayout;
 class QGroupBox;
+class QHBoxLayout;
 class QLabel;
 class QPushButton;
 class QRadioButton;
 class QTimer;
+class QVBoxLayout;
 
 // Page 11, the final test: ten questions with four option buttons each, every click judged,
 // counted and logged, then grading, printing, restarting and the way to the end page.
 class FinalTestPage : public PageBase {
     Q_OBJECT
 public:
-    explicit FinalTestPage(QWidget *parent = nullptr);
+    FinalTestPage(Course &course, double zoomFactor);
 
     // Form_Load: the test starts with both counters at 0.
     void onLoad() override;
@@ -90,8 +94,20 @@ private:
     void describeSolved(int k);
     // Gives the focus to the first option of question k.
     void focusQuestion(int k);
+    // The grade given by the course: in Label15, and said with the way to the end page.
+    void showGrade(const QString &grade);
+
+    // The page is built part by part: the score panel over the questions, then the footer with
+    // the instruction or the result, the hint and the buttons.
     void buildControls();
+    QHBoxLayout *buildScorePanel(QWidget *central);
+    void buildQuestions(QWidget *central, QVBoxLayout *page);
     QGroupBox *buildQuestion(int k, QWidget *parent);
+    QGridLayout *buildFooter(QWidget *central);
+    QVBoxLayout *buildResult(QWidget *central);
+    QHBoxLayout *buildButtons(QWidget *central);
+    void nameControls();
+    void connectHandlers();
 
     QObject *optionKeys_;            // the arrow keys of the options
     bool focusToSecondHalf_ = false; // question 5 was solved from the keyboard
@@ -104,4 +120,4 @@ extern const QString kSolvedDescription;
 extern const QString kTestInstruction;
 
 // Makes page 11 and the grade-scale screen known to the screen layer.
-void registerFinalTestScreens();
+void registerFinalTestScreens(Course &course);

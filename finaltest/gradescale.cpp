@@ -28,6 +28,22 @@ QString blanks(int n) {
     return QString(n, QLatin1Char(' '));
 }
 
+// The default scale in words, grade 6 to grade 1, from the scale every start sets.
+QString defaultScaleText() {
+    const GradeScale &scale = kDefaultGradeScale;
+    const auto percent = [&scale](std::size_t i) {
+        return QString::number(scale.at(i)) + u'%';
+    };
+    QString text = QStringLiteral("bis unter ") + percent(0) + QStringLiteral(":") + blanks(2) +
+                   QStringLiteral("Zensur 6,");
+    for (std::size_t i = 0; i + 1 < scale.size(); ++i) {
+        text += blanks(8) + QStringLiteral("mindestens %1 bis unter %2:  Zensur %3,")
+                                .arg(percent(i), percent(i + 1), QString::number(5 - i));
+    }
+    return text + blanks(8) + QStringLiteral("mindestens ") + percent(scale.size() - 1) +
+           QStringLiteral(":") + blanks(2) + QStringLiteral("Zensur 1.");
+}
+
 } // namespace
 
 const QString kScoringExplanation =
@@ -42,12 +58,7 @@ const QString kScoringExplanation =
     blanks(8) + QStringLiteral("nach dem 2. Fehler: 8 von 10;") + blanks(8) +
     QStringLiteral("nach richtiger Lösung: 9 von 11 usw.") + blanks(44) +
     QStringLiteral("Zunächst wurde folgende Zensurenskala festgelegt:") + blanks(8) +
-    QStringLiteral("bis unter 20%:") + blanks(2) + QStringLiteral("Zensur 6,") + blanks(8) +
-    QStringLiteral("mindestens 20% bis unter 40%:  Zensur 5,") + blanks(8) +
-    QStringLiteral("mindestens 40% bis unter 60%:  Zensur 4,") + blanks(8) +
-    QStringLiteral("mindestens 60% bis unter 80%:  Zensur 3,") + blanks(8) +
-    QStringLiteral("mindestens 80% bis unter 96%:  Zensur 2,") + blanks(8) +
-    QStringLiteral("mindestens 96%:") + blanks(2) + QStringLiteral("Zensur 1.");
+    defaultScaleText();
 
 namespace {
 
@@ -79,8 +90,9 @@ std::int16_t toInteger16(const QString &text) {
     return static_cast<std::int16_t>(value);
 }
 
-GradeScaleScreen::GradeScaleScreen(QWidget *parent)
-    : Form(ScreenId::GradeScale, parent) {
+GradeScaleScreen::GradeScaleScreen(Course &course, double zoomFactor)
+    : Form(ScreenId::GradeScale, zoomFactor)
+    , course_(course) {
     setWindowTitle(QStringLiteral("Kelvora - Punktetabelle und Zensierung  "));
     setDesignSize({700, 600});
     QWidget *central = this->page();
@@ -161,24 +173,9 @@ GradeScaleScreen::GradeScaleScreen(QWidget *parent)
     connect(gradeButton, &QPushButton::clicked, this, &GradeScaleScreen::closeAndGrade);
 }
 
-std::int16_t &GradeScaleScreen::threshold(int index) {
-    switch (index) {
-    case 0:
-        return course.gradeMin5;
-    case 1:
-        return course.gradeMin4;
-    case 2:
-        return course.gradeMin3;
-    case 3:
-        return course.gradeMin2;
-    default:
-        return course.gradeMin1;
-    }
-}
-
 void GradeScaleScreen::onActivate() {
-    for (int i = 0; i < 5; ++i)
-        thresholdEdits[static_cast<std::size_t>(i)]->setText(QString::number(threshold(i)));
+    for (std::size_t i = 0; i < 5; ++i)
+        thresholdEdits[i]->setText(QString::number(course_.gradeScale()[i]));
 }
 
 void GradeScaleScreen::openScaleForEditing() {
@@ -222,7 +219,7 @@ void GradeScaleScreen::takeThreshold(int index) {
     const auto i = static_cast<std::size_t>(index);
     if (thresholdEdits[i]->text().endsWith(QLatin1Char('%')))
         thresholdEdits[i]->setText(thresholdEdits[i]->text().chopped(1));
-    threshold(index) = toInteger16(thresholdEdits[i]->text());
+    course_.setGradeMinimum(index, toInteger16(thresholdEdits[i]->text()));
     if (index < 4 && thresholdEdits[i + 1]->text().isEmpty())
         thresholdEdits[i + 1]->setFocus();
     else
@@ -234,7 +231,7 @@ void GradeScaleScreen::takeThreshold(int index) {
 
 void GradeScaleScreen::closeAndGrade() {
     Screens::unload(this);
-    gradeTest();
+    gradeTest(course_);
 }
 
 bool GradeScaleScreen::closeOnEscape() {

@@ -7,6 +7,7 @@
 #include <cstdint>
 
 class CaptionLabel;
+class Course;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -16,7 +17,7 @@ class QPushButton;
 class GradeScaleScreen : public Form {
     Q_OBJECT
 public:
-    explicit GradeScaleScreen(QWidget *parent = nullptr);
+    GradeScaleScreen(Course &course, double zoomFactor);
 
     // Form_Activate: the boxes show the current scale.
     void onActivate() override;
@@ -32,7 +33,7 @@ public:
     CaptionLabel *explanationLabel = nullptr;    // Label1
     QLabel *scaleHeading = nullptr;              // Label6 "Eingestellte Zensurenskala:"
     std::array<QLabel *, 5> thresholdLabels{};   // Label2(0..4)
-    std::array<QLineEdit *, 5> thresholdEdits{}; // Text2(0..4): gradeMin5 .. gradeMin1
+    std::array<QLineEdit *, 5> thresholdEdits{}; // Text2(0..4): grade 5 .. grade 1
     std::array<QPushButton *, 5> okButtons{};    // Command2(0..4) "OK"
     QPushButton *changeScaleButton = nullptr;    // Command4 "Zensurentabelle ändern"
     QPushButton *gradeButton = nullptr;          // Command1
@@ -43,7 +44,7 @@ protected:
     bool closeOnEscape() override;
 
 private:
-    static std::int16_t &threshold(int index);
+    Course &course_;
 };
 
 // The caption of Label1: how the test is scored, with an example and the default scale.

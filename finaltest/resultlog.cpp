@@ -22,9 +22,10 @@ Log &log() {
 
 void writeLine(const QString &line) {
     Log &l = log();
+    const QByteArray bytes = TextFiles::lineBytes(line);
     if (l.resumeNext > 0) {
         if (l.file.isOpen()) {
-            l.file.write(TextFiles::toWindows1252(line) + QByteArrayLiteral("\r\n"));
+            l.file.write(bytes);
             l.file.flush();
         }
         return;
@@ -33,7 +34,6 @@ void writeLine(const QString &line) {
         Seams::failProgramme(l.lastError.isEmpty() ? QStringLiteral("Dateiname oder -nummer falsch")
                                                    : l.lastError);
     }
-    const QByteArray bytes = TextFiles::toWindows1252(line) + QByteArrayLiteral("\r\n");
     if (l.file.write(bytes) != bytes.size() || !l.file.flush())
         Seams::failProgramme(l.file.errorString());
 }
@@ -56,10 +56,6 @@ void create(const QString &path) {
         l.lastError.clear();
     else
         l.lastError = l.file.errorString();
-}
-
-bool isOpen() {
-    return log().file.isOpen();
 }
 
 void writeFileHeading() {

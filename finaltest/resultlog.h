@@ -12,7 +12,6 @@ namespace ResultLog {
 // Creates the file anew, replacing an older log, and its folder when that has gone. A failure
 // passes without a word; the log then stays closed.
 void create(const QString &path);
-bool isOpen();
 
 // The line kinds of the log. Each line reaches the disk as it is written. Writing while the log
 // is not open, or a failing write, ends the programme with the system's error text.

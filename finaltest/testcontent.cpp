@@ -72,26 +72,10 @@ const std::array<TestQuestion, kTestQuestionCount> kTestQuestions = {{
 }};
 
 bool isRightOption(int index) {
-    switch (index) {
-    case 0:
-    case 7:
-    case 9:
-    case 14:
-    case 17:
-    case 20:
-    case 26:
-    case 29:
-    case 33:
-    case 38:
-    case 39:
-        return true;
-    default:
-        return false;
-    }
+    const auto &question = kTestQuestions.at(static_cast<std::size_t>(index / 4));
+    return question.right.at(static_cast<std::size_t>(index % 4));
 }
 
 QString verdictCaption(int index) {
-    const auto &question = kTestQuestions.at(static_cast<std::size_t>(index / 4));
-    return question.right.at(static_cast<std::size_t>(index % 4)) ? QStringLiteral("Richtig")
-                                                                  : QStringLiteral("Falsch");
+    return isRightOption(index) ? QStringLiteral("Richtig") : QStringLiteral("Falsch");
 }

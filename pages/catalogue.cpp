@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue.h"
 
-#include "theme.h"
-
 #include <QtGlobal>
 
 namespace {
@@ -12,7 +10,6 @@ constexpr bool N = false;
 
 const std::array<PageInfo, 10> kPages = {{
     {.number = 1,
-     .captionBlanks = Theme::kLessonPageCaptionBlanks,
      .key = {{
          {.shows = {0, 1, 2}, .scores = {N, N, Y}},
          {.shows = {3, 4, 3}, .scores = {N, Y, N}},
@@ -27,7 +24,6 @@ const std::array<PageInfo, 10> kPages = {{
      .next = ScreenId::Page2,
      .firstPage = true},
     {.number = 2,
-     .captionBlanks = Theme::kLessonPageCaptionBlanks,
      .key = {{
          {.shows = {0, 1, 2}, .scores = {N, N, Y}},
          {.shows = {3, 4, 5}, .scores = {N, N, Y}},
@@ -42,7 +38,6 @@ const std::array<PageInfo, 10> kPages = {{
      .next = ScreenId::Page3,
      .firstPage = false},
     {.number = 3,
-     .captionBlanks = Theme::kLessonPageCaptionBlanks,
      .key = {{
          {.shows = {0, 1, 2}, .scores = {N, Y, N}},
          {.shows = {3, 4, 5}, .scores = {N, Y, N}},
@@ -57,7 +52,6 @@ const std::array<PageInfo, 10> kPages = {{
      .next = ScreenId::Page4,
      .firstPage = false},
     {.number = 4,
-     .captionBlanks = Theme::kLessonPageCaptionBlanks,
      .key = {{
          {.shows = {0, 1, 2}, .scores = {N, N, Y}},
          {.shows = {3, 4, 5}, .scores = {Y, N, N}},
@@ -72,7 +66,6 @@ const std::array<PageInfo, 10> kPages = {{
      .next = ScreenId::Page5,
      .firstPage = false},
     {.number = 5,
-     .captionBlanks = Theme::kLessonPageCaptionBlanks,
      .key = {{
          {.shows = {0, 1, 2}, .scores = {N, Y, Y}},
          {.shows = {3, 4, 5}, .scores = {N, N, Y}},
@@ -88,7 +81,6 @@ const std::array<PageInfo, 10> kPages = {{
      .firstPage = false},
     // Question 4 of page 6 puts 10 into answerCorrectFlag; every reader only asks for nonzero.
     {.number = 6,
-     .captionBlanks = Theme::kLessonPageCaptionBlanks,
      .key = {{
          {.shows = {0, 1, 2}, .scores = {Y, N, N}},
          {.shows = {3, 4, 5}, .scores = {N, Y, N}},
@@ -103,7 +95,6 @@ const std::array<PageInfo, 10> kPages = {{
      .next = ScreenId::Page7,
      .firstPage = false},
     {.number = 7,
-     .captionBlanks = Theme::kLessonPageCaptionBlanks,
      .key = {{
          {.shows = {0, 0, 1}, .scores = {N, N, Y}},
          {.shows = {1, 0, 0}, .scores = {Y, N, N}},
@@ -118,7 +109,6 @@ const std::array<PageInfo, 10> kPages = {{
      .next = ScreenId::Page8,
      .firstPage = false},
     {.number = 8,
-     .captionBlanks = Theme::kLessonPageCaptionBlanks,
      .key = {{
          {.shows = {0, 1, 2}, .scores = {N, N, Y}},
          {.shows = {3, 4, 4}, .scores = {Y, N, N}},
@@ -135,7 +125,6 @@ const std::array<PageInfo, 10> kPages = {{
      .next = ScreenId::Page9,
      .firstPage = false},
     {.number = 9,
-     .captionBlanks = Theme::kLessonPageCaptionBlanks,
      .key = {{
          {.shows = {0, 1, 1}, .scores = {Y, N, N}},
          {.shows = {1, 1, 0}, .scores = {N, N, Y}},
@@ -150,7 +139,6 @@ const std::array<PageInfo, 10> kPages = {{
      .next = ScreenId::Page10,
      .firstPage = false},
     {.number = 10,
-     .captionBlanks = Theme::kTwoDigitPageCaptionBlanks,
      .key = {{
          {.shows = {0, 1, 2}, .scores = {N, Y, Y}},
          {.shows = {3, 1, 3}, .scores = {N, Y, N}},

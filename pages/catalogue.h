@@ -18,8 +18,7 @@ struct AnswerKey {
 };
 
 struct PageInfo {
-    int number;        // 1..10
-    int captionBlanks; // blanks between "Kelvora" and "Seite N"
+    int number; // 1..10
     std::array<AnswerKey, 5> key;
     int highestFeedbackIndex;
     // onAnswerClicked: pictures that send the focus to "try again", then those that send it to

@@ -9,14 +9,13 @@
 #include "runcache.h"
 #include "screens.h"
 #include "seams.h"
-#include "textfiles.h"
 #include "theme.h"
+#include "topics.h"
 #include "widgets.h"
 #include "zoom.h"
 
 #include <QAction>
 #include <QEvent>
-#include <QFontInfo>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -28,7 +27,6 @@
 #include <QVBoxLayout>
 
 #include <cmath>
-#include <memory>
 
 const QString kPaceNote = QStringLiteral("  Hinweis:") + QString(64, QLatin1Char(' ')) +
                           QStringLiteral("Damit du dir bei diesem Lernprogramm viel merken "
@@ -161,33 +159,70 @@ const QList<ExplanationItem> kExplanation = {
 
 } // namespace
 
-LessonPage::LessonPage(int page, QWidget *parent)
-    : PageBase(pageScreen(page), page, parent)
+LessonPage::LessonPage(int page, Course &course, double zoomFactor)
+    : PageBase(pageScreen(page), page, course, zoomFactor)
     , info_(pageInfo(page)) {
     buildControls();
+    // The points display follows the points as they are counted.
+    connect(&course_, &Course::pointsChanged, this,
+            [this] { pointsLabel->setText(course_.pointsText()); });
 }
 
 void LessonPage::buildControls() {
-    setWindowTitle(
-        Theme::windowCaption(info_.captionBlanks, QStringLiteral("Seite %1").arg(info_.number)));
-
-    QWidget *central = page();
+    setWindowTitle(Topics::pageCaption(info_.number));
+    auto *grid = new QGridLayout(page());
     Zoom &z = zoom();
-    auto *grid = new QGridLayout(central);
     z.setMargins(grid, 14, 10, 14, 10);
     z.setSpacing(grid, 12, 8);
     grid->setColumnStretch(1, 1);
-    buildPageParts(central, {.withPointsEntry = true,
-                             .explanation = explanationHtml(kExplanation, 2),
-                             .explanationName = QStringLiteral("Image4"),
-                             .overviewLineName = QStringLiteral("Label11"),
-                             .iconSize = 40});
-    overviewNote->setObjectName(QStringLiteral("Label1"));
+    setupPageParts();
+
+    // The rows from top to bottom: question, options, answer, remarks, the button explanation and
+    // the buttons; the pace note floats beside the answer.
+    const PageBank &bank = pageBank(info_.number);
+    setupQuestions(grid, bank);
+    setupOptions(grid, bank);
+    setupAnswer(grid);
+    setupPaceNote(grid);
+    setupRemarks(grid, bank);
+    setupExplanation(grid);
+    setupButtons(grid);
+    answerEdit->setAccessibleDescription(spokenQuestion());
+
+    paceTimer = new QTimer(this);
+
+    setFormNames({{answerEdit, "Text1"},
+                  {questionHeading, "Label2"},
+                  {optionsHeading, "Label3"},
+                  {answerHeading, "Label4"},
+                  {remarksHeading, "Label5"},
+                  {pointsHeading, "Label6"},
+                  {instructionLabel, "Label7"},
+                  {paceNote, "Label8"},
+                  {pointsLabel, "Label9"},
+                  {nextQuestionButton, "Command1"},
+                  {previousPageButton, "Command2"},
+                  {nextPageButton, "Command4"},
+                  {retryButton, "Command5"},
+                  {paceTimer, "Timer1"}});
+
+    connectHandlers();
+}
+
+void LessonPage::setupPageParts() {
+    buildPageParts(page(), {.withPointsEntry = true,
+                            .explanation = explanationHtml(kExplanation, 2),
+                            .explanationName = QStringLiteral("Image4"),
+                            .overviewLineName = QStringLiteral("Label11"),
+                            .iconSize = 40});
+    overview->note->setObjectName(QStringLiteral("Label1"));
     if (info_.firstPage)
         addExplanationTimers(kExplanationMs, QStringLiteral("Label12"));
+}
 
-    const PageBank &bank = pageBank(info_.number);
-
+void LessonPage::setupQuestions(QGridLayout *grid, const PageBank &bank) {
+    QWidget *central = page();
+    Zoom &z = zoom();
     questionHeading = heading(QStringLiteral("Frage:"), central);
     grid->addWidget(questionHeading, 0, 0);
     for (std::size_t i = 0; i < questionPictures.size(); ++i) {
@@ -211,7 +246,10 @@ void LessonPage::buildControls() {
         grid->addWidget(questionPictures[i], 0, 1, 1, 2);
         questionPictures[i]->setVisible(i == 0);
     }
+}
 
+void LessonPage::setupOptions(QGridLayout *grid, const PageBank &bank) {
+    QWidget *central = page();
     optionsHeading = heading(QStringLiteral("Auswahl-      Antworten:"), central);
     grid->addWidget(optionsHeading, 1, 0);
     for (std::size_t i = 0; i < optionPictures.size(); ++i) {
@@ -220,7 +258,11 @@ void LessonPage::buildControls() {
         grid->addWidget(optionPictures[i], 1, 1, 1, 2);
         optionPictures[i]->setVisible(i == 0);
     }
+}
 
+void LessonPage::setupAnswer(QGridLayout *grid) {
+    QWidget *central = page();
+    Zoom &z = zoom();
     answerHeading = heading(QStringLiteral("Antwort:"), central);
     grid->addWidget(answerHeading, 2, 0, Qt::AlignVCenter);
     auto *answerRow = new QHBoxLayout;
@@ -243,7 +285,11 @@ void LessonPage::buildControls() {
     });
     answerRow->addWidget(instructionLabel, 1);
     grid->addLayout(answerRow, 2, 1);
+}
 
+void LessonPage::setupPaceNote(QGridLayout *grid) {
+    QWidget *central = page();
+    Zoom &z = zoom();
     paceNote = new CaptionLabel(kPaceNote, kPaceNoteRuns, central);
     paceNote->setWordWrap(true);
     paceNote->setFrameShape(QFrame::Box);
@@ -263,7 +309,10 @@ void LessonPage::buildControls() {
         return QRect(instructionLabel->geometry().right() + z.px(12), answerEdit->geometry().top(),
                      width, paceNote->heightForWidth(width));
     });
+}
 
+void LessonPage::setupRemarks(QGridLayout *grid, const PageBank &bank) {
+    QWidget *central = page();
     remarksHeading = heading(QStringLiteral("Bemer-      kungen:"), central);
     grid->addWidget(remarksHeading, 3, 0);
     // The room for the verdicts of the question shown.
@@ -291,7 +340,10 @@ void LessonPage::buildControls() {
         feedbackPictures.append(picture);
     }
     grid->setRowStretch(3, 1);
+}
 
+void LessonPage::setupExplanation(QGridLayout *grid) {
+    Zoom &z = zoom();
     // The hint below the explanation: the pupil may call the explanation back while the hint
     // still shows.
     auto *explanationColumn = new QVBoxLayout;
@@ -302,7 +354,11 @@ void LessonPage::buildControls() {
         explanationColumn->addWidget(explanationHint);
     }
     grid->addLayout(explanationColumn, 4, 1, 1, 2);
+}
 
+void LessonPage::setupButtons(QGridLayout *grid) {
+    QWidget *central = page();
+    Zoom &z = zoom();
     auto *buttons = new QHBoxLayout;
     previousPageButton = new QPushButton(QStringLiteral("<<"), central);
     previousPageButton->setAccessibleName(QStringLiteral("Eine Seite zurück"));
@@ -332,25 +388,9 @@ void LessonPage::buildControls() {
     grid->addLayout(buttons, 5, 0, 1, 3);
     setActive(nextQuestionButton, false);
     setActive(retryButton, false);
-    answerEdit->setAccessibleDescription(spokenQuestion());
+}
 
-    paceTimer = new QTimer(this);
-
-    setFormNames({{answerEdit, "Text1"},
-                  {questionHeading, "Label2"},
-                  {optionsHeading, "Label3"},
-                  {answerHeading, "Label4"},
-                  {remarksHeading, "Label5"},
-                  {pointsHeading, "Label6"},
-                  {instructionLabel, "Label7"},
-                  {paceNote, "Label8"},
-                  {pointsLabel, "Label9"},
-                  {nextQuestionButton, "Command1"},
-                  {previousPageButton, "Command2"},
-                  {nextPageButton, "Command4"},
-                  {retryButton, "Command5"},
-                  {paceTimer, "Timer1"}});
-
+void LessonPage::connectHandlers() {
     connect(answerEdit, &QLineEdit::textChanged, this, &LessonPage::onAnswerChanged);
     answerEdit->installEventFilter(new ClickFilter(this, [this] { onAnswerClicked(); }));
     connect(nextQuestionButton, &QPushButton::clicked, this, &LessonPage::nextQuestion);
@@ -362,41 +402,38 @@ void LessonPage::buildControls() {
 }
 
 void LessonPage::onLoad() {
-    if (info_.firstPage) {
-        course.correctCount = 0;
-        course.answeredCount = 0;
-    }
-    course.answerCorrectFlag = 0;
-    course.answerEvaluated = 0;
-    course.questionStartTime =
-        static_cast<std::int32_t>(std::lround(Seams::secondsSinceMidnight()));
+    if (info_.firstPage)
+        course_.resetLessonCounts();
+    answerCorrectFlag = 0;
+    answerEvaluated = 0;
+    questionStartTime = static_cast<std::int32_t>(std::lround(Seams::secondsSinceMidnight()));
     if (explanationTimer)
         explanationTimer->start();
 }
 
 void LessonPage::onActivate() {
-    course.startFilePath = TextFiles::programmePath(kStartFileName);
-    course.currentPage = static_cast<std::int16_t>(info_.number);
-    pointsLabel->setText(pointsText());
+    course_.formStartFilePath();
+    course_.setCurrentPage(static_cast<std::int16_t>(info_.number));
+    pointsLabel->setText(course_.pointsText());
 }
 
 void LessonPage::findCurrentQuestion() {
     for (std::size_t i = 0; i < questionPictures.size(); ++i) {
         if (!questionPictures[i]->isHidden()) {
-            course.questionIndex = static_cast<std::int16_t>(i);
+            questionIndex = static_cast<std::int16_t>(i);
             return;
         }
     }
 }
 
 void LessonPage::evaluateAnswer() {
-    course.answerEvaluated = 1;
+    answerEvaluated = 1;
     const QString answer = answerEdit->text();
-    course.answeredCount += 1;
+    course_.countAnswer();
     findCurrentQuestion();
-    checkAnswerPace(course.questionIndex == 0 ? 9 : 5);
+    checkAnswerPace(questionIndex == 0 ? 9 : 5);
 
-    const AnswerKey &key = info_.key.at(static_cast<std::size_t>(course.questionIndex));
+    const AnswerKey &key = info_.key.at(static_cast<std::size_t>(questionIndex));
     const std::array<QString, 3> letters = {QStringLiteral("A"), QStringLiteral("B"),
                                             QStringLiteral("C")};
     for (std::size_t letter = 0; letter < letters.size(); ++letter) {
@@ -404,23 +441,22 @@ void LessonPage::evaluateAnswer() {
             continue;
         Appearing::show(feedbackPictures.at(key.shows[letter]));
         if (key.scores[letter]) {
-            course.answerCorrectFlag = key.flagValue;
-            course.correctCount += 1;
+            answerCorrectFlag = key.flagValue;
+            course_.countCorrect();
             // Once question 2 of page 1 is right, the buttons are understood.
-            if (info_.firstPage && course.questionIndex == 1)
+            if (info_.firstPage && questionIndex == 1)
                 withdrawExplanation();
         } else {
-            course.answerCorrectFlag = 0;
+            answerCorrectFlag = 0;
         }
     }
 
     // A screen reader says the verdict, the pace note and the points with the button that takes
     // the focus now.
     const QString verdict = spokenVerdict();
-    nextQuestionButton->setAccessibleDescription(course.answerCorrectFlag != 0 ? verdict
-                                                                               : QString());
-    retryButton->setAccessibleDescription(course.answerCorrectFlag != 0 ? QString() : verdict);
-    if (course.answerCorrectFlag != 0) {
+    nextQuestionButton->setAccessibleDescription(answerCorrectFlag != 0 ? verdict : QString());
+    retryButton->setAccessibleDescription(answerCorrectFlag != 0 ? QString() : verdict);
+    if (answerCorrectFlag != 0) {
         setActive(nextQuestionButton, true);
         nextQuestionButton->setFocus();
         setActive(retryButton, false);
@@ -429,15 +465,14 @@ void LessonPage::evaluateAnswer() {
         retryButton->setFocus();
         setActive(nextQuestionButton, false);
     }
-    pointsLabel->setText(pointsText());
+    // The points display has followed the counts above.
 }
 
 void LessonPage::nextQuestion() {
-    course.questionStartTime =
-        static_cast<std::int32_t>(std::lround(Seams::secondsSinceMidnight()));
-    course.answerEvaluated = 0;
-    if (course.questionIndex >= 0 && course.questionIndex <= 3) {
-        const auto i = static_cast<std::size_t>(course.questionIndex);
+    questionStartTime = static_cast<std::int32_t>(std::lround(Seams::secondsSinceMidnight()));
+    answerEvaluated = 0;
+    if (questionIndex >= 0 && questionIndex <= 3) {
+        const auto i = static_cast<std::size_t>(questionIndex);
         questionPictures[i + 1]->show();
         questionPictures[i]->hide();
         optionPictures[i + 1]->show();
@@ -450,13 +485,13 @@ void LessonPage::nextQuestion() {
     setActive(retryButton, false);
     for (int i = 0; i <= info_.highestFeedbackIndex; ++i)
         Appearing::hide(feedbackPictures.at(i));
-    if (course.questionIndex >= 4) {
+    if (questionIndex >= 4) {
         Screens::show(info_.next);
         Screens::unload(this);
     } else {
         setActive(nextQuestionButton, false);
     }
-    course.answerCorrectFlag = 0;
+    answerCorrectFlag = 0;
 }
 
 void LessonPage::previousPage() {
@@ -475,7 +510,7 @@ void LessonPage::retry() {
     for (int i = 0; i <= info_.highestFeedbackIndex; ++i)
         Appearing::hide(feedbackPictures.at(i));
     setActive(retryButton, false);
-    course.answerEvaluated = 0;
+    answerEvaluated = 0;
 }
 
 QString LessonPage::spokenQuestion() const {
@@ -495,7 +530,7 @@ QString LessonPage::spokenVerdict() const {
         if (Appearing::isVisible(picture))
             parts << picture->plainText();
     }
-    parts << QStringLiteral("Punkte:") + pointsText() + QLatin1Char('.');
+    parts << QStringLiteral("Punkte:") + course_.pointsText() + QLatin1Char('.');
     if (Appearing::isVisible(paceNote))
         parts << paceNote->accessibleName();
     return parts.join(QLatin1Char(' '));
@@ -514,7 +549,7 @@ void LessonPage::focusAfterOverview() {
 QList<int> LessonPage::numbersAfterResume() const {
     // Page 1 alone keeps its counts in the file too; nothing ever reads them back.
     if (info_.firstPage)
-        return {course.correctCount, course.answeredCount};
+        return {course_.correctCount(), course_.answeredCount()};
     return {};
 }
 
@@ -537,7 +572,7 @@ void LessonPage::onAnswerChanged() {
         answerEdit->setText(QString());
         return;
     }
-    if (course.answerEvaluated == 0)
+    if (answerEvaluated == 0)
         evaluateAnswer();
 }
 
@@ -558,7 +593,7 @@ void LessonPage::onAnswerClicked() {
 }
 
 void LessonPage::checkAnswerPace(int minimumSeconds) {
-    if (Seams::secondsSinceMidnight() < course.questionStartTime + minimumSeconds) {
+    if (Seams::secondsSinceMidnight() < questionStartTime + minimumSeconds) {
         Appearing::show(paceNote);
         paceTimer->setInterval(kPaceNoteMs);
         paceTimer->start();
@@ -588,7 +623,10 @@ void LessonPage::togglePoints() {
     }
 }
 
-void registerLessonPages() {
+void registerLessonPages(Course &course) {
     for (int page = 1; page <= 10; ++page)
-        Screens::registerScreen(pageScreen(page), [page] { return new LessonPage(page); });
+        Screens::registerScreen(pageScreen(page),
+                                [page, &course](double factor) {
+                                    return new LessonPage(page, course, factor);
+                                });
 }

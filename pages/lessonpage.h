@@ -7,9 +7,13 @@
 #include <QList>
 
 #include <array>
+#include <cstdint>
 
 class CaptionLabel;
+class Course;
+struct PageBank;
 class Picture;
+class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -20,7 +24,7 @@ class QTimer;
 class LessonPage : public PageBase {
     Q_OBJECT
 public:
-    explicit LessonPage(int page, QWidget *parent = nullptr);
+    LessonPage(int page, Course &course, double zoomFactor);
 
     // Form_Load: a new page starts with its first question; page 1 also starts the counts anew.
     void onLoad() override;
@@ -46,6 +50,12 @@ public:
     void togglePoints();
 
     const PageInfo &info() const { return info_; }
+
+    // The state of the question on view.
+    std::int16_t questionIndex = 0;     // position of the current question on the page, 0..4
+    std::int16_t answerCorrectFlag = 0; // nonzero when the last evaluation scored
+    std::int16_t answerEvaluated = 0;   // 1 from an evaluation until the next question or try
+    std::int32_t questionStartTime = 0; // clock seconds, rounded, when the question was shown
 
     // Controls of the page; the page base holds the menus, the end button, the exit frame, the
     // overview and the button explanation.
@@ -82,7 +92,17 @@ private:
     // What it says with the button that takes the focus after an answer: the verdict with its
     // hint, the points and the pace note.
     QString spokenVerdict() const;
+    // The page's controls, built in the order of its rows.
     void buildControls();
+    void setupPageParts();
+    void setupQuestions(QGridLayout *grid, const PageBank &bank);
+    void setupOptions(QGridLayout *grid, const PageBank &bank);
+    void setupAnswer(QGridLayout *grid);
+    void setupPaceNote(QGridLayout *grid);
+    void setupRemarks(QGridLayout *grid, const PageBank &bank);
+    void setupExplanation(QGridLayout *grid);
+    void setupButtons(QGridLayout *grid);
+    void connectHandlers();
 
     const PageInfo &info_;
 };
@@ -91,4 +111,4 @@ private:
 extern const QString kPaceNote;
 
 // Makes the ten lesson pages known to the screen layer.
-void registerLessonPages();
+void registerLessonPages(Course &course);

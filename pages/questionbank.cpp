@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "questionbank.h"
 
+#include "theme.h"
+
 #include <QStringList>
 #include <QtGlobal>
 
@@ -588,7 +590,7 @@ QString feedbackHtml(const BankFeedback &f, int page) {
         const bool right = f.verdict == kRight;
         lines << QStringLiteral(
                      "<span style=\"font-size:14pt; font-weight:700; color:%1;\">%2</span>")
-                     .arg(right ? QStringLiteral("#0a6e1e") : QStringLiteral("#b3141e"),
+                     .arg(Theme::cssColour(right ? Theme::kFeedbackRight : Theme::kWrong),
                           escaped(f.verdict));
     }
     if (!f.body.isEmpty())

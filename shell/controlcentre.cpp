@@ -5,6 +5,7 @@
 #include "picture.h"
 #include "screens.h"
 #include "theme.h"
+#include "topics.h"
 #include "widgets.h"
 #include "zoom.h"
 
@@ -21,26 +22,6 @@
 
 namespace {
 
-struct Topic {
-    const char *text;
-    int blanks;
-    const char *reference;
-};
-
-constexpr std::array<Topic, 11> kTopics = {{
-    {"Fragen 1 bis 5", 80, "- Seite 1"},
-    {"Fragen 6 bis 10", 77, "- Seite 2"},
-    {"Fragen 11 bis 15", 75, "- Seite 3"},
-    {"Fragen 16 bis 20", 75, "- Seite 4"},
-    {"Fragen 21 bis 25", 75, "- Seite 5"},
-    {"Fragen 26 bis 30", 75, "- Seite 6"},
-    {"Fragen 31 bis 35", 75, "- Seite 7"},
-    {"Fragen 36 bis 40", 75, "- Seite 8"},
-    {"Fragen 41 bis 45", 75, "- Seite 9"},
-    {"Fragen 46 bis 50", 75, "- Seite 10"},
-    {"Abschlusstest", 80, "- Seite 11"},
-}};
-
 const QString kInstruction = QStringLiteral(
     "<p style='margin:0'>Du kannst das Lernprogramm ganz von vorn beginnen: Klicke dazu auf "
     "<b>„Lernprogramm-Start“</b>.</p>"
@@ -48,14 +29,6 @@ const QString kInstruction = QStringLiteral(
     "einsteigen: Klicke dazu unten auf das gewünschte Thema.</p>");
 
 } // namespace
-
-QString topicCaption(int index) {
-    if (index < 0 || index >= static_cast<int>(kTopics.size()))
-        return {};
-    const Topic &t = kTopics.at(static_cast<std::size_t>(index));
-    return QString::fromUtf8(t.text) + QString(t.blanks, QLatin1Char(' ')) +
-           QString::fromUtf8(t.reference);
-}
 
 TopicOption::TopicOption(const QString &caption, QWidget *parent)
     : QRadioButton(caption, parent) {
@@ -119,8 +92,8 @@ void TopicOption::keyPressEvent(QKeyEvent *e) {
         QRadioButton::keyPressEvent(e);
 }
 
-ControlCentre::ControlCentre(QWidget *parent)
-    : Form(ScreenId::ControlCentre, parent) {
+ControlCentre::ControlCentre(double zoomFactor)
+    : Form(ScreenId::ControlCentre, zoomFactor) {
     setWindowTitle(
         Theme::windowCaption(Theme::kControlCentreCaptionBlanks, QStringLiteral("Steuerzentrum")));
 
@@ -151,7 +124,7 @@ ControlCentre::ControlCentre(QWidget *parent)
     topicGroup_ = new QButtonGroup(this);
     for (std::size_t i = 0; i < topics.size(); ++i) {
         const int index = static_cast<int>(i);
-        topics[i] = new TopicOption(topicCaption(index), topicFrame);
+        topics[i] = new TopicOption(Topics::topicCaption(index), topicFrame);
         topics[i]->setObjectName(QStringLiteral("Option1_%1").arg(index));
         topicGroup_->addButton(topics[i], index);
         options->addWidget(topics[i]);
@@ -190,7 +163,6 @@ ControlCentre::ControlCentre(QWidget *parent)
                   {topicFrame, "Frame1"},
                   {emptyLabel, "Label5"}});
     connect(startButton, &QPushButton::clicked, this, &ControlCentre::startCourse);
-    setTabOrder(startButton, topics[0]);
 }
 
 void ControlCentre::onActivate() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "form.h"
+#include "topics.h"
 
 #include <QRadioButton>
 
@@ -46,7 +47,7 @@ private:
 class ControlCentre : public Form {
     Q_OBJECT
 public:
-    explicit ControlCentre(QWidget *parent = nullptr);
+    explicit ControlCentre(double zoomFactor);
 
     // Form_Activate: no topic is chosen on arrival.
     void onActivate() override;
@@ -56,16 +57,13 @@ public:
     // Command2_Click, "Lernprogramm-Start".
     void startCourse();
 
-    QLabel *titleLabel = nullptr;           // Label1 "Wo möchtest du starten?"
-    Picture *instructionPicture = nullptr;  // Image1
-    QPushButton *startButton = nullptr;     // Command2 "Lernprogramm-Start"
-    QGroupBox *topicFrame = nullptr;        // Frame1
-    std::array<TopicOption *, 11> topics{}; // Option1(0..10)
-    QLabel *emptyLabel = nullptr;           // Label5, empty
+    QLabel *titleLabel = nullptr;                       // Label1 "Wo möchtest du starten?"
+    Picture *instructionPicture = nullptr;              // Image1
+    QPushButton *startButton = nullptr;                 // Command2 "Lernprogramm-Start"
+    QGroupBox *topicFrame = nullptr;                    // Frame1
+    std::array<TopicOption *, Topics::kPages> topics{}; // Option1(0..10)
+    QLabel *emptyLabel = nullptr;                       // Label5, empty
 
 private:
     QButtonGroup *topicGroup_ = nullptr;
 };
-
-// Caption of topic `index` of the control centre: topic, blanks, page reference.
-QString topicCaption(int index);

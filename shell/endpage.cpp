@@ -2,9 +2,9 @@
 #include "endpage.h"
 
 #include "course.h"
+#include "messagebox.h"
 #include "picture.h"
 #include "screens.h"
-#include "seams.h"
 #include "textfiles.h"
 #include "widgets.h"
 #include "zoom.h"
@@ -14,8 +14,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-EndPage::EndPage(QWidget *parent)
-    : Form(ScreenId::EndPage, parent) {
+EndPage::EndPage(Course &course, double zoomFactor)
+    : Form(ScreenId::EndPage, zoomFactor)
+    , course_(course) {
     setWindowTitle(QStringLiteral("Kelvora"));
 
     QWidget *central = tintedPage(this);
@@ -95,7 +96,7 @@ void EndPage::askToEnd() {
 
 void EndPage::recordEndAndQuit() {
     // A start-position file that cannot be written is passed over in silence.
-    course.currentPage = 50;
-    writeStartPosition(course.startFilePath, course.currentPage);
+    course_.setCurrentPage(50);
+    writeStartPosition(course_.startFilePath(), course_.currentPage());
     Screens::endProgramme();
 }

@@ -3,6 +3,7 @@
 
 #include "form.h"
 
+class Course;
 class Picture;
 class QLabel;
 class QPushButton;
@@ -12,7 +13,7 @@ class SvgView;
 class EndPage : public Form {
     Q_OBJECT
 public:
-    explicit EndPage(QWidget *parent = nullptr);
+    EndPage(Course &course, double zoomFactor);
 
     // Form_Activate: the second picture appears.
     void onActivate() override;
@@ -32,4 +33,6 @@ public:
 private:
     // EndProgramme: records a restart from the beginning and ends the programme.
     void recordEndAndQuit();
+
+    Course &course_;
 };

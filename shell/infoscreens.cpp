@@ -133,8 +133,8 @@ QString requirementsText() {
         "Datenordner.</p>");
 }
 
-InfoScreen::InfoScreen(ScreenId id, QWidget *parent)
-    : Form(id, parent) {
+InfoScreen::InfoScreen(ScreenId id, double zoomFactor)
+    : Form(id, zoomFactor) {
     const InfoLayout info = layoutOf(id);
     setWindowTitle(Theme::windowCaption(info.blanks, QString::fromUtf8(info.title)));
     setDesignSize(info.size);

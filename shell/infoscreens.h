@@ -13,7 +13,7 @@ class InfoScreen : public Form {
     Q_OBJECT
 public:
     // id is ScreenId::WorkingMethod, ScreenId::Author or ScreenId::Requirements.
-    explicit InfoScreen(ScreenId id, QWidget *parent = nullptr);
+    InfoScreen(ScreenId id, double zoomFactor);
 
     // Command1_Click.
     void closeScreen();

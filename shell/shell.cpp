@@ -7,10 +7,13 @@
 #include "screens.h"
 #include "startscreen.h"
 
-void registerShellScreens() {
-    Screens::registerScreen(ScreenId::Start, [] { return new StartScreen; });
-    Screens::registerScreen(ScreenId::ControlCentre, [] { return new ControlCentre; });
-    Screens::registerScreen(ScreenId::EndPage, [] { return new EndPage; });
+void registerShellScreens(Course &course) {
+    Screens::registerScreen(ScreenId::Start,
+                            [&course](double factor) { return new StartScreen(course, factor); });
+    Screens::registerScreen(ScreenId::ControlCentre,
+                            [](double factor) { return new ControlCentre(factor); });
+    Screens::registerScreen(ScreenId::EndPage,
+                            [&course](double factor) { return new EndPage(course, factor); });
     for (ScreenId id : {ScreenId::WorkingMethod, ScreenId::Author, ScreenId::Requirements})
-        Screens::registerScreen(id, [id] { return new InfoScreen(id); });
+        Screens::registerScreen(id, [id](double factor) { return new InfoScreen(id, factor); });
 }

@@ -17,8 +17,9 @@
 #include <array>
 #include <utility>
 
-StartScreen::StartScreen(QWidget *parent)
-    : Form(ScreenId::Start, parent) {
+StartScreen::StartScreen(Course &course, double zoomFactor)
+    : Form(ScreenId::Start, zoomFactor)
+    , course_(course) {
     setWindowTitle(QStringLiteral("Kelvora"));
 
     QWidget *central = tintedPage(this);
@@ -91,22 +92,19 @@ void StartScreen::onActivate() {
     spareArt->hide();
     titleArt->show();
 
-    course.startFilePath = TextFiles::programmePath(kStartFileName);
+    course_.formStartFilePath();
 
-    if (const auto item = TextFiles::readFirstItem(course.startFilePath))
-        course.startPage = *item;
+    if (const auto item = TextFiles::readFirstItem(course_.startFilePath()))
+        course_.setStartPage(*item);
 
     openStartPage();
 
-    course.gradeMin5 = 20;
-    course.gradeMin4 = 40;
-    course.gradeMin3 = 60;
-    course.gradeMin2 = 80;
-    course.gradeMin1 = 96;
+    course_.setGradeScale(kDefaultGradeScale);
 }
 
 void StartScreen::openStartPage() {
-    if (course.startPage.isEmpty() || course.startPage == QStringLiteral("50")) {
+    const QString &startPage = course_.startPage();
+    if (startPage.isEmpty() || startPage == QStringLiteral("50")) {
         Screens::show(ScreenId::Start);
         return;
     }
@@ -125,7 +123,7 @@ void StartScreen::openStartPage() {
         {"11", 11},
     }};
     for (const auto &[text, page] : kPages) {
-        if (course.startPage == QLatin1String(text)) {
+        if (startPage == QLatin1String(text)) {
             Screens::show(pageScreen(page));
             return;
         }

@@ -3,6 +3,7 @@
 
 #include "form.h"
 
+class Course;
 class QFrame;
 class QLabel;
 class QPushButton;
@@ -13,7 +14,7 @@ class SvgView;
 class StartScreen : public Form {
     Q_OBJECT
 public:
-    explicit StartScreen(QWidget *parent = nullptr);
+    StartScreen(Course &course, double zoomFactor);
 
     // Form_Activate: reads the start position and dispatches.
     void onActivate() override;
@@ -31,4 +32,6 @@ public:
 
 private:
     void openStartPage();
+
+    Course &course_;
 };

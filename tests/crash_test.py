@@ -24,7 +24,8 @@ import time
 import pyatspi
 
 LOG = "TestergebnisQel.doc"
-TIMEOUT = 20.0
+# Generous: on a loaded machine a fresh start can take many seconds to reach the accessibility bus.
+TIMEOUT = 45.0
 
 # The clicks: question, option caption, whether it is a right one. Wrong clicks on questions 1,
 # 3, 5, 7 and 10, a return to an option already clicked (question 3), and question 10 solved by

@@ -10,8 +10,8 @@
 #include "form.h"
 #include "gradescale.h"
 #include "lessonpage.h"
+#include "messagebox.h"
 #include "picture.h"
-#include "seams.h"
 #include "shell.h"
 #include "testsupport.h"
 #include "zoom.h"
@@ -210,10 +210,12 @@ int gap(const QRect &a, const QRect &b) {
 
 void setUpEveryScreen() {
     setUpApplication(*qobject_cast<QApplication *>(QCoreApplication::instance()));
-    registerShellScreens();
-    registerLessonPages();
-    registerFinalTestScreens();
-    registerDisplayScreens();
+    TestProgramme::screens = [](Course &course) {
+        registerShellScreens(course);
+        registerLessonPages(course);
+        registerFinalTestScreens(course);
+        registerDisplayScreens();
+    };
 }
 
 void resizeTo(Form *form, QSize size) {

@@ -10,7 +10,7 @@ class QWidget;
 
 // What the zoom tests check of a screen as it stands in its window.
 
-// The programme's style and every screen registered, once per test run.
+// The programme's style, once per test run, and every screen registered with each programme.
 void setUpEveryScreen();
 // Resizes the window a screen is shown in (its own, or the one the pages share) and lets the
 // zoom follow.

@@ -7,7 +7,6 @@
 #include "application.h"
 #include "backend_screen.h"
 #include "captionlabel.h"
-#include "course.h"
 #include "displaymodes.h"
 #include "displaymodescreen.h"
 #include "finaltestpage.h"
@@ -72,7 +71,7 @@ QString where() {
         return u"-"_s;
     QString s = f->objectName();
     if (const auto *page = qobject_cast<const PageBase *>(f)) {
-        if (!page->overviewFrame->isHidden())
+        if (!page->overview->isHidden())
             s += u" Frame2"_s;
         if (!page->exitFrame->isHidden())
             s += u" Frame10"_s;
@@ -153,7 +152,7 @@ class TestKeyboard : public QObject {
     // finished test.
     Form *open(ScreenId id) {
         programme->setTime(10 * 3600);
-        setGradeScale();
+        programme->course.setGradeScale(kDefaultGradeScale);
         if (id == ScreenId::GradeScale)
             clickOptions(Screens::show<FinalTestPage>(ScreenId::FinalTest), kWrongThenRight);
         else if (id == ScreenId::WorkingMethod || id == ScreenId::DisplayMode)
@@ -176,9 +175,9 @@ private Q_SLOTS:
     void init() {
         programme.emplace();
         programme->answers = {false, false, false};
-        registerShellScreens();
-        registerLessonPages();
-        registerFinalTestScreens();
+        registerShellScreens(programme->course);
+        registerLessonPages(programme->course);
+        registerFinalTestScreens(programme->course);
         registerDisplayScreens();
         DisplayModes::setDisplayBackend(makeScreenSizeBackend());
     }
@@ -406,7 +405,7 @@ private Q_SLOTS:
             QVERIFY(press(QString::fromUtf16(keys)));
             QCOMPARE(QApplication::focusWidget(), page->optionButtons[to]);
         }
-        QCOMPARE(course.testAnsweredCount, 1);
+        QCOMPARE(programme->course.testAnsweredCount(), 1);
         QVERIFY(page->verdictLabels[2]->isVisible() && page->verdictLabels[1]->isHidden());
         QTest::keyClick(page->optionButtons[0], Qt::Key_Space);
         QCOMPARE(QApplication::focusWidget(), page->optionButtons[4]);

@@ -3,10 +3,10 @@
 // again, the pace note, menu switches, exit frame, picture texts, the run to the end.
 #include "appearing.h"
 #include "captionlabel.h"
-#include "course.h"
 #include "lessonpage.h"
 #include "picture.h"
 #include "screens.h"
+#include "seams.h"
 #include "testsupport.h"
 #include "theme.h"
 
@@ -86,9 +86,10 @@ class TestLessonPages : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void initTestCase() {
-        registerLessonPages();
-        registerProbes(
-            {{ScreenId::ControlCentre, u"Steuerzentrum"_s}, {ScreenId::FinalTest, u"Qel11"_s}});
+        TestProgramme::screens = registerLessonPages;
+        registerProbes({{ScreenId::ControlCentre, u"Steuerzentrum"_s},
+                        {ScreenId::FinalTest, u"Qel11"_s},
+                        {ScreenId::WorkingMethod, u"ArbWei"_s}});
     }
 
     void letters_data() {
@@ -142,7 +143,7 @@ private Q_SLOTS:
         QCOMPARE(p->nextQuestionButton->isEnabled(), scores);
         QCOMPARE(p->retryButton->isEnabled(), !scores);
         QCOMPARE(p->focusWidget(), scores ? p->nextQuestionButton : p->retryButton);
-        QCOMPARE(int(course.answerCorrectFlag), !scores ? 0 : page == 6 && question == 4 ? 10 : 1);
+        QCOMPARE(int(p->answerCorrectFlag), !scores ? 0 : page == 6 && question == 4 ? 10 : 1);
 
         // A click into the answer field sends the focus to the button of the verdict, a right
         // click does not. Page 8's scoring C of question 38 sends it to "try again", which is off:
@@ -172,17 +173,18 @@ private Q_SLOTS:
     void pageRules_data() {
         QTest::addColumn<int>("page");
         QTest::addColumn<bool>("restart");     // "von vorn beginnen", else "hier weiterarbeiten"
-        QTest::addColumn<bool>("writable");    // else the programme folder has gone
+        QTest::addColumn<bool>("moved");       // the programme folder, before the exit frame
         QTest::addColumn<QByteArray>("saved"); // StartQelB.txt then
         for (int page = 1; page <= 8; ++page) {
             QTest::addRow("page %d", page)
-                << page << false << true
+                << page << false << false
                 << (page == 1 ? QByteArray("\"1\"\r\n1\r\n2\r\n")
                               : "\"" + QByteArray::number(page) + "\"\r\n");
         }
-        QTest::addRow("page 9, folder gone") << 9 << false << false << QByteArray();
+        QTest::addRow("page 9, programme folder moved")
+            << 9 << false << true << QByteArray("\"9\"\r\n");
         QTest::addRow("page 10, von vorn beginnen")
-            << 10 << true << true << QByteArray("\"50\"\r\n");
+            << 10 << true << false << QByteArray("\"50\"\r\n");
     }
 
     // What a page shows at first and what differs between pages: "<<", counts at load, texts,
@@ -191,7 +193,7 @@ private Q_SLOTS:
     void pageRules() {
         QFETCH(int, page);
         QFETCH(bool, restart);
-        QFETCH(bool, writable);
+        QFETCH(bool, moved);
         QFETCH(QByteArray, saved);
         const bool first = page == 1;
 
@@ -202,10 +204,10 @@ private Q_SLOTS:
                 !Screens::loaded(pageScreen(page)));
         settle();
 
-        course.correctCount = 7;
-        course.answeredCount = 9;
+        prog.course.countAnswer(); // a point from the pages before
+        prog.course.countCorrect();
         LessonPage *p = openPage(prog, page);
-        QCOMPARE(p->pointsLabel->text(), first ? u" 0 von 0"_s : u" 7 von 9"_s);
+        QCOMPARE(p->pointsLabel->text(), first ? u" 0 von 0"_s : u" 1 von 1"_s);
         QVERIFY(!Appearing::isVisible(p->paceNote) && !p->paceTimer->isActive() &&
                 p->exitFrame->isHidden());
         QCOMPARE(p->remarksHeading->accessibleName() + p->optionsHeading->accessibleName(),
@@ -262,9 +264,9 @@ private Q_SLOTS:
         goToQuestion(prog, p, 2);
         const QString points = p->pointsLabel->text();
         p->openOverview();
-        QTest::mouseClick(p->overviewLines[std::size_t(page - 1)], Qt::LeftButton);
+        QTest::mouseClick(p->overview->lines[std::size_t(page - 1)], Qt::LeftButton);
         auto *reloaded = Screens::loaded<LessonPage>(pageScreen(page));
-        QVERIFY(reloaded && reloaded != p && reloaded->overviewFrame->isHidden());
+        QVERIFY(reloaded && reloaded != p && reloaded->overview->isHidden());
         settle();
         p = reloaded;
         QCOMPARE(visible(p->questionPictures), QList<int>{0});
@@ -284,18 +286,22 @@ private Q_SLOTS:
         QCOMPARE(visible(p->feedbackPictures), QList<int>());
 
         // "Ich möchte nicht beenden" closes the exit frame and its cover without saving; the
-        // other two save and end the programme, without a word where the file cannot be written.
+        // other two save and end the programme.
         QTest::mouseClick(p->endButton, Qt::LeftButton);
-        QVERIFY(!p->exitFrame->isHidden() && !p->exitCover->isHidden());
-        QTest::mouseClick(p->stayButton, Qt::LeftButton);
-        QVERIFY(p->exitFrame->isHidden() && p->exitCover->isHidden() &&
+        QVERIFY(!p->exitFrame->isHidden() && !p->exitFrame->cover->isHidden());
+        QTest::mouseClick(p->exitFrame->stayButton, Qt::LeftButton);
+        QVERIFY(p->exitFrame->isHidden() && p->exitFrame->cover->isHidden() &&
                 prog.read(u"StartQelB.txt"_s).isNull());
-        if (!writable)
-            course.startFilePath = prog.path(u"gone/StartQelB.txt"_s);
+        if (moved) { // the file goes where the last activation found the folder
+            Seams::setProgrammeFolder([&prog] { return prog.path(u"moved"_s); });
+            Screens::show(ScreenId::WorkingMethod);
+            Screens::show(pageScreen(page));
+        }
         QTest::mouseClick(p->endButton, Qt::LeftButton);
-        QTest::mouseClick(restart ? p->restartButton : p->resumeButton, Qt::LeftButton);
+        QTest::mouseClick(restart ? p->exitFrame->restartButton : p->exitFrame->resumeButton,
+                          Qt::LeftButton);
         QVERIFY(Screens::programmeEnded() && !Screens::anyLoaded());
-        QCOMPARE(prog.read(u"StartQelB.txt"_s), saved);
+        QCOMPARE(prog.read(moved ? u"moved/StartQelB.txt"_s : u"StartQelB.txt"_s), saved);
     }
 
     void typing_data() {
@@ -350,7 +356,7 @@ private Q_SLOTS:
         QCOMPARE(visible(page->feedbackPictures), pictures);
         QCOMPARE(page->pointsLabel->text(), points);
         QCOMPARE(lightGreyAndEnabled(page->retryButton), again);
-        QCOMPARE(course.questionStartTime, 36000 + 10 * (question - 1));
+        QCOMPARE(page->questionStartTime, 36000 + 10 * (question - 1));
         QCOMPARE(Appearing::isVisible(page->paceNote), note);
         QCOMPARE(page->paceTimer->isActive(), note);
         for (QPushButton *button :
@@ -468,7 +474,8 @@ private Q_SLOTS:
         int dark = 0;
         for (int i = 0; i < image.width() * image.height(); ++i)
             dark += qGray(image.pixel(i % image.width(), i / image.width())) < 96 ? 1 : 0;
-        QVERIFY2(dark > 400, qPrintable(QString::number(dark)));
+        // Ink of the drawing: the sparest, the transistor, has some 390 dark pixels on Windows.
+        QVERIFY2(dark > 300, qPrintable(QString::number(dark)));
     }
 };
 

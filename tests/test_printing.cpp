@@ -11,6 +11,7 @@
 #include <QPrinterInfo>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QStandardPaths>
 #include <QTest>
 
 #include <optional>
@@ -96,7 +97,7 @@ class TestPrinting : public QObject {
 private Q_SLOTS:
     void initTestCase() {
         QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-        registerFinalTestScreens();
+        TestProgramme::screens = registerFinalTestScreens;
     }
 
     void init() { programme.emplace(); }
@@ -127,6 +128,9 @@ private Q_SLOTS:
             Screens::show<FinalTestPage>(ScreenId::FinalTest)->printAndEnd();
         }
         QVERIFY(Screens::programmeEnded());
+        QVERIFY(readFile(pdf).startsWith("%PDF-"));
+        if (QStandardPaths::findExecutable(u"pdftotext"_s).isEmpty())
+            QSKIP("the printout is not read back: no pdftotext here (poppler-utils)");
         QCOMPARE(pdfLines(pdf),
                  lines(QString::fromLatin1(programme->read(u"TestergebnisQel.doc"_s))));
         QVERIFY(runProgram(u"pdfinfo"_s, {pdf})
@@ -147,7 +151,8 @@ private Q_SLOTS:
         };
         const QString pdf = programme->path(u"nie.pdf"_s);
         printInto(pdf);
-        QCOMPARE(failure(), u"No such file or directory"_s); // no log
+        QCOMPARE(failure(),
+                 openFailure(programme->path(u"TestergebnisQel.doc"_s), QIODevice::ReadOnly));
         programme->write(u"TestergebnisQel.doc"_s, "               Test Kelvora\r\n");
         Printing::setPrinterSource([] { return std::unique_ptr<QPrinter>(); });
         QCOMPARE(failure(), u"Druckerfehler"_s); // no printer

@@ -37,7 +37,8 @@ public:
 void registerTargetPages() {
     for (int id = int(ScreenId::Page1); id <= int(ScreenId::GradeScale); ++id)
         if (id != int(ScreenId::EndPage))
-            Screens::registerScreen(ScreenId(id), [id] { return new TargetPage(ScreenId(id)); });
+            Screens::registerScreen(
+                ScreenId(id), [id](double factor) { return new TargetPage(ScreenId(id), factor); });
 }
 
 } // namespace
@@ -51,11 +52,9 @@ class TestShell : public QObject {
 private Q_SLOTS:
     void initTestCase() {
         setUpApplication(*qobject_cast<QApplication *>(QCoreApplication::instance()));
+        TestProgramme::screens = registerShellScreens;
     }
-    void init() {
-        arrivals.clear();
-        registerShellScreens();
-    }
+    void init() { arrivals.clear(); }
 
     void centreOpensTarget_data() {
         QTest::addColumn<int>("index");
@@ -126,8 +125,9 @@ private Q_SLOTS:
         QFETCH(QString, fragments);
         const auto id = static_cast<ScreenId>(screen);
         TestProgramme programme;
-        registerLessonPages();
-        Screens::registerScreen(ScreenId::Page2, [] { return new TargetPage(ScreenId::Page2); });
+        registerLessonPages(programme.course);
+        Screens::registerScreen(
+            ScreenId::Page2, [](double factor) { return new TargetPage(ScreenId::Page2, factor); });
         auto *page = Screens::show<LessonPage>(ScreenId::Page1);
         (page->*entry)->trigger();
         auto *info = Screens::loaded<InfoScreen>(id);

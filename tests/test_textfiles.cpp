@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The small text files: path rule, Windows-1252 bytes, quoted items and the print style. What the
-// start screen reads from the start-position file is checked with the start-up in test_start.
+// start screen reads from the start-position file is checked with the start-up in test_start; the
+// files the pages write, byte for byte, with the pages.
 #include "seams.h"
 #include "testsupport.h"
 #include "textfiles.h"
@@ -20,8 +21,6 @@ private Q_SLOTS:
         const auto native = [](const QString &path) {
             return QDir::toNativeSeparators(path);
         };
-        QTest::addRow("plain folder")
-            << native(u"/opt/kelvora"_s) << native(u"/opt/kelvora/StartQelB.txt"_s);
         QTest::addRow("folder ending in separator")
             << native(u"/opt/"_s) << native(u"/opt/StartQelB.txt"_s);
         QTest::addRow("root") << native(u"/"_s) << native(u"/StartQelB.txt"_s);
@@ -75,10 +74,6 @@ private Q_SLOTS:
         QTest::addColumn<bool>("closed"); // else the writer never finishes: a kill, a crash
         QTest::addColumn<QByteArray>("expected");
         const QString f = u"f.txt"_s;
-        QTest::addRow("page number alone")
-            << f << QStringList{u"7"_s} << QList<int>{} << true << QByteArray("\"7\"\r\n");
-        QTest::addRow("page with two counts") << f << QStringList{u"1"_s} << QList<int>{4, 5}
-                                              << true << QByteArray("\"1\"\r\n4\r\n5\r\n");
         QTest::addRow("negative and zero") << f << QStringList{u"50"_s} << QList<int>{0, -3} << true
                                            << QByteArray("\"50\"\r\n0\r\n-3\r\n");
         QTest::addRow("umlaut in a string") << f << QStringList{u"Größe"_s} << QList<int>{} << true
@@ -139,14 +134,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("line");
         QTest::addColumn<QString>("expected");
         const QString zone(14, u' ');
-        QTest::addRow("totals")
-            << PrintLine().number(10).text(u"Punkte von"_s).number(12).text(u"Punkten"_s).str()
-            << u" 10 Punkte von 12 Punkten"_s;
         QTest::addRow("negative number") << PrintLine().number(-5).str() << u"-5 "_s;
         QTest::addRow("zero") << PrintLine().number(0).str() << u" 0 "_s;
-        QTest::addRow("grade at the third zone")
-            << PrintLine().text(u"Programm Kelvora:"_s).nextZone().text(u"Zensur:   2"_s).str()
-            << u"Programm Kelvora:"_s + QString(11, u' ') + u"Zensur:   2"_s;
         QTest::addRow("short text to the second zone")
             << PrintLine().text(u"abc"_s).nextZone().text(u"x"_s).str()
             << u"abc"_s + QString(11, u' ') + u"x"_s;

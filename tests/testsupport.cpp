@@ -2,9 +2,10 @@
 #include "testsupport.h"
 
 #include "appearing.h"
-#include "course.h"
+#include "messagebox.h"
 #include "screens.h"
 #include "seams.h"
+#include "textfiles.h"
 
 #include <QAction>
 #include <QDir>
@@ -13,10 +14,6 @@
 #include <QProcess>
 #include <QTest>
 #include <QTimer>
-
-void resetProgrammeState() {
-    course = CourseState{};
-}
 
 QByteArray readFile(const QString &path) {
     QFile file(path);
@@ -33,12 +30,9 @@ QString runProgram(const QString &program, const QStringList &arguments) {
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
-void setGradeScale(const QList<int> &minimums) {
-    std::tie(course.gradeMin5, course.gradeMin4, course.gradeMin3, course.gradeMin2,
-             course.gradeMin1) =
-        std::tuple(std::int16_t(minimums.at(0)), std::int16_t(minimums.at(1)),
-                   std::int16_t(minimums.at(2)), std::int16_t(minimums.at(3)),
-                   std::int16_t(minimums.at(4)));
+QString openFailure(const QString &path, QIODevice::OpenMode mode) {
+    QFile file(path);
+    return file.open(mode) ? QStringLiteral("opened") : file.errorString();
 }
 
 QStringList entryTexts(const QListWidget *list) {
@@ -58,9 +52,11 @@ bool clickEntry(QListWidget *list, const QString &text) {
 }
 
 TestProgramme::TestProgramme()
-    : now_(QDate(2026, 4, 3), QTime(9, 5, 7)) {
+    : course(TextFiles::programmePath)
+    , now_(QDate(2026, 4, 3), QTime(9, 5, 7)) {
     Screens::reset();
-    resetProgrammeState();
+    if (screens)
+        screens(course);
     ProbeForm::log.clear();
     Seams::setProgrammeFolder([folder = QDir::toNativeSeparators(dir_.path())] { return folder; });
     Seams::setClock([this] { return now_; });
@@ -94,7 +90,7 @@ QString TestProgramme::folder() const {
 }
 
 QString TestProgramme::path(const QString &fileName) const {
-    return dir_.filePath(fileName);
+    return QDir::toNativeSeparators(dir_.filePath(fileName));
 }
 
 QByteArray TestProgramme::read(const QString &fileName) const {
@@ -117,8 +113,8 @@ void TestProgramme::advance(double seconds) {
 
 QStringList ProbeForm::log;
 
-ProbeForm::ProbeForm(ScreenId id, const QString &name)
-    : Form(id)
+ProbeForm::ProbeForm(ScreenId id, const QString &name, double zoomFactor)
+    : Form(id, zoomFactor)
     , name_(name) {
     setWindowTitle(name);
 }
@@ -133,7 +129,8 @@ void ProbeForm::onActivate() {
 
 void registerProbes(const QList<QPair<ScreenId, QString>> &screens) {
     for (const auto &[id, name] : screens)
-        Screens::registerScreen(id, [id = id, name = name] { return new ProbeForm(id, name); });
+        Screens::registerScreen(
+            id, [id = id, name = name](double factor) { return new ProbeForm(id, name, factor); });
 }
 
 bool work(QWidget *screen, const QString &steps) {

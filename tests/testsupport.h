@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "course.h"
 #include "form.h"
 
 #include <QByteArray>
 #include <QDateTime>
+#include <QIODevice>
 #include <QList>
 #include <QRadioButton>
 #include <QString>
@@ -13,6 +15,7 @@
 #include <QTimer>
 
 #include <cstddef>
+#include <functional>
 #include <stdexcept>
 
 // What a failure that ends the programme raises inside the tests.
@@ -22,8 +25,9 @@ struct ProgrammeFailure : std::runtime_error {
 };
 
 // A clean programme for one test: a temporary programme folder, a clock the test sets, queued
-// answers for yes/no questions, failures raised as ProgrammeFailure, every programme-wide variable
-// back at zero and no screen loaded. Everything is put back when it goes out of scope.
+// answers for yes/no questions, failures raised as ProgrammeFailure, a course of its own with the
+// test's screens registered for it, and no screen loaded. Everything is put back when it goes out
+// of scope.
 class TestProgramme {
 public:
     TestProgramme();
@@ -31,6 +35,10 @@ public:
     TestProgramme(const TestProgramme &) = delete;
     TestProgramme &operator=(const TestProgramme &) = delete;
 
+    // The screens every programme of the test registers with its course, as main() does.
+    static inline std::function<void(Course &)> screens;
+
+    // The folder and a file in it with the platform's separators, as the programme forms paths.
     QString folder() const;
     QString path(const QString &fileName) const;
     QByteArray read(const QString &fileName) const;
@@ -44,12 +52,12 @@ public:
     QList<bool> answers;
     QList<QPair<QString, QString>> questionsAsked; // text, title
 
+    Course course;
+
 private:
     QTemporaryDir dir_;
     QDateTime now_;
 };
-
-void resetProgrammeState();
 
 // The bytes of a file; a null array when there is none.
 QByteArray readFile(const QString &path);
@@ -57,8 +65,9 @@ QByteArray readFile(const QString &path);
 // Runs a program to its end: its standard output, or a null string when it failed.
 QString runProgram(const QString &program, const QStringList &arguments);
 
-// The grade scale, course.gradeMin5 .. course.gradeMin1; by default the one a start sets.
-void setGradeScale(const QList<int> &minimums = {20, 40, 60, 80, 96});
+// The system's own words for a file that cannot be opened there, in the way the programme words
+// a failure ("No such file or directory" on Linux).
+QString openFailure(const QString &path, QIODevice::OpenMode mode);
 
 class QListWidget;
 // The texts of a list's entries, in order.
@@ -81,7 +90,7 @@ template <class TestPage> void clickOptions(TestPage *page, const QList<int> &op
 class ProbeForm : public Form {
     Q_OBJECT
 public:
-    explicit ProbeForm(ScreenId id, const QString &name);
+    ProbeForm(ScreenId id, const QString &name, double zoomFactor);
     void onLoad() override;
     void onActivate() override;
 

@@ -139,7 +139,17 @@ class Listen:
         return self.orca.said[since:]
 
     def open_menu(self, key, first_entry):
-        """Opens a menu; its entries are chosen once Orca has read the first."""
+        """Opens a menu; its entries are chosen once Orca has read the first. On a loaded machine
+        an access key pressed while Orca is still busy with the last change can be lost on its
+        way through Orca's key grab: when nothing at all was said, the key is pressed once more."""
+        since = self.orca.mark()
+        self.ui.key(key)
+        if self.orca.wait(since, [starting(first_entry)]) or self.orca.said[since:]:
+            self.c.check(self.orca.follows(since, [starting(first_entry)]),
+                         f"{key} opens a menu at {first_entry!r}",
+                         "Orca said " + repr(self.orca.said[since:]))
+            return
+        print(f"   note: {key} was not heard; pressed again")
         self.hear([key], [starting(first_entry)], f"{key} opens a menu at {first_entry!r}")
 
     def flat_review(self, lines):
