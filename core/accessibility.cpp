@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "accessibility.h"
 
+#include "appearing.h"
 #include "form.h"
 #include "picture.h"
 
@@ -30,12 +31,25 @@ public:
 // Marks a text that is said by itself as it appears.
 constexpr char kSaidWhenShown[] = "saidWhenShown";
 
+// A text on the page. One that appears and goes (a verdict, the pace note) is visible to a screen
+// reader exactly while the pupil sees it.
+class Text : public QAccessibleWidget {
+public:
+    explicit Text(QWidget *w)
+        : QAccessibleWidget(w, QAccessible::StaticText) {}
+    QAccessible::State state() const override {
+        QAccessible::State s = QAccessibleWidget::state();
+        if (!Appearing::isVisible(widget()))
+            s.invisible = true;
+        return s;
+    }
+};
+
 // A picture is read as one text: the drawing inside it is described in its name, and the views
 // that draw it are no controls of their own.
-class WholeText : public QAccessibleWidget {
+class WholeText : public Text {
 public:
-    explicit WholeText(QWidget *w)
-        : QAccessibleWidget(w, QAccessible::StaticText) {}
+    using Text::Text;
     int childCount() const override { return 0; }
     QAccessibleInterface *child(int) const override { return nullptr; }
     int indexOfChild(const QAccessibleInterface *) const override { return -1; }
@@ -138,7 +152,40 @@ private:
 // control tells them otherwise, and Qt tells them that a control is shown again but not that it is
 // visible: a control read while it was hidden (a page prepared unseen, a verdict, a panel) would
 // stay invisible to them, and to Orca's flat review, for good. A new identity is read afresh.
-// Children are shown before their parent, so the one shown itself renews them with it.
+void renew(QWidget *root) {
+    QAccessibleInterface *old = QAccessible::queryAccessibleInterface(root);
+    if (!old)
+        return;
+    QAccessibleEvent gone(old, QAccessible::ObjectDestroyed);
+    QAccessible::updateAccessibility(&gone);
+    QList<QWidget *> widgets = root->findChildren<QWidget *>();
+    widgets.prepend(root);
+    for (QWidget *w : std::as_const(widgets)) {
+        if (w != root && w->isWindow())
+            continue;
+        if (QAccessibleInterface *iface = QAccessible::queryAccessibleInterface(w))
+            QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(iface));
+    }
+    QAccessibleEvent created(root, QAccessible::ObjectCreated);
+    QAccessible::updateAccessibility(&created);
+    // A control that took the focus before it appeared has it under its new identity.
+    QWidget *focus = QApplication::focusWidget();
+    if (focus && (focus == root || root->isAncestorOf(focus))) {
+        QAccessibleEvent focused(focus, QAccessible::Focus);
+        QAccessible::updateAccessibility(&focused);
+    }
+}
+
+bool isScreen(const QWidget *window) {
+    return qobject_cast<const Form *>(window) ||
+           window->findChild<Form *>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+// Whether a widget's parent has been shown to screen readers.
+constexpr char kShown[] = "shownToScreenReaders";
+
+// Renews every control that is shown by itself; children are shown before their parent, so the
+// one shown itself renews them with it.
 class FreshOnShow : public QObject {
 public:
     using QObject::QObject;
@@ -155,39 +202,18 @@ protected:
             renew(w);
         return false;
     }
-
-private:
-    static constexpr char kShown[] = "shownToScreenReaders";
-
-    static bool isScreen(const QWidget *window) {
-        return qobject_cast<const Form *>(window) ||
-               window->findChild<Form *>(QString(), Qt::FindDirectChildrenOnly);
-    }
-
-    static void renew(QWidget *root) {
-        QAccessibleInterface *old = QAccessible::queryAccessibleInterface(root);
-        if (!old)
-            return;
-        QAccessibleEvent gone(old, QAccessible::ObjectDestroyed);
-        QAccessible::updateAccessibility(&gone);
-        QList<QWidget *> widgets = root->findChildren<QWidget *>();
-        widgets.prepend(root);
-        for (QWidget *w : std::as_const(widgets)) {
-            if (w != root && w->isWindow())
-                continue;
-            if (QAccessibleInterface *iface = QAccessible::queryAccessibleInterface(w))
-                QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(iface));
-        }
-        QAccessibleEvent created(root, QAccessible::ObjectCreated);
-        QAccessible::updateAccessibility(&created);
-        // A control that took the focus before it appeared has it under its new identity.
-        QWidget *focus = QApplication::focusWidget();
-        if (focus && (focus == root || root->isAncestorOf(focus))) {
-            QAccessibleEvent focused(focus, QAccessible::Focus);
-            QAccessible::updateAccessibility(&focused);
-        }
-    }
 };
+
+// A control that appears or goes is told to screen readers as a widget shown or hidden is.
+void appearedOrWent(QWidget *control, bool visible) {
+    if (!QAccessible::isActive())
+        return;
+    if (visible && isScreen(control->window()) &&
+        control->parentWidget()->property(kShown).toBool())
+        renew(control);
+    QAccessibleEvent event(control, visible ? QAccessible::ObjectShow : QAccessible::ObjectHide);
+    QAccessible::updateAccessibility(&event);
+}
 
 QAccessibleInterface *programmeControls(const QString &, QObject *object) {
     if (!object || !object->isWidgetType())
@@ -202,6 +228,8 @@ QAccessibleInterface *programmeControls(const QString &, QObject *object) {
         return new QAccessibleWidget(announcement, QAccessible::Notification);
     if (object->property(kSaidWhenShown).toBool())
         return new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::Notification);
+    if (Appearing::isAppearing(static_cast<QWidget *>(object)))
+        return new Text(static_cast<QWidget *>(object));
     return nullptr;
 }
 
@@ -223,6 +251,7 @@ void install() {
     static const bool installed = [] {
         QAccessible::installFactory(programmeControls);
         qApp->installEventFilter(new FreshOnShow(qApp));
+        Appearing::setObserver(appearedOrWent);
         return true;
     }();
     Q_UNUSED(installed)

@@ -18,6 +18,7 @@
 #include <QTranslator>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace {
@@ -104,44 +105,57 @@ public:
             drawFocusFrame(widget ? around & widget->rect() : option->rect, painter, widget);
             return;
         }
-        if (element != PE_PanelButtonCommand || !drawButtonCopy(option, painter, widget))
+        const bool copied = element == PE_PanelButtonCommand || element == PE_PanelLineEdit ||
+                            element == PE_FrameLineEdit;
+        if (!copied || !drawCopy(element, option, painter, widget))
             ZoomingStyle::drawPrimitive(element, option, painter, widget);
         if (element == PE_FrameLineEdit && (option->state & State_HasFocus))
             drawFocusFrame(option->rect, painter, widget);
     }
 
 private:
-    // A button's face, drawn once for each look and then copied. Fusion keeps copies of its own,
-    // but by the identity of the button's palette, and the pages give a button a new palette each
-    // time it is switched on or off (its colour tells the pupil which buttons work): Fusion would
-    // draw the face anew each time, while the pupil waits for the verdict on an answer. These
-    // copies go by the colours themselves.
-    bool drawButtonCopy(const QStyleOption *option, QPainter *painter,
-                        const QWidget *widget) const {
+    // A button's face and a field with its frame, drawn once for each look and then copied.
+    // Fusion keeps copies of its button faces, but by the identity of the button's palette, and
+    // the pages give a button a new palette each time it is switched on or off (its colour tells
+    // the pupil which buttons work): Fusion would draw the face anew each time, and a field's
+    // rounded frame always, while the pupil waits for the verdict on an answer. These copies go by
+    // the colours themselves.
+    bool drawCopy(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                  const QWidget *widget) const {
         const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
-        if (!button || option->rect.isEmpty() || !painter->device())
+        const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
+        if ((element == PE_PanelButtonCommand && !button) || option->rect.isEmpty() ||
+            !painter->device())
             return false;
         const qreal ratio = painter->device()->devicePixelRatio();
         const QPalette &colours = option->palette;
-        const QString key = QStringLiteral("kelvora-button-%1-%2-%3-%4x%5@%6-%7-%8-%9")
-                                .arg(uint(option->state), 0, 16)
-                                .arg(uint(button->features), 0, 16)
-                                .arg(uint(option->direction))
-                                .arg(option->rect.width())
-                                .arg(option->rect.height())
-                                .arg(ratio)
-                                .arg(colours.button().color().rgba(), 0, 16)
-                                .arg(colours.window().color().rgba(), 0, 16)
-                                .arg(colours.highlight().color().rgba(), 0, 16);
+        // Everything the look depends on, as the key's characters.
+        const std::array<quint32, 12> look = {
+            quint32(element),
+            quint32(option->state),
+            button  ? quint32(button->features)
+            : frame ? quint32(frame->features)
+                    : 0U,
+            frame ? quint32(frame->lineWidth) : 0U,
+            quint32(option->direction),
+            quint32(option->rect.width()),
+            quint32(option->rect.height()),
+            quint32(std::lround(ratio * 1000)),
+            colours.button().color().rgba(),
+            colours.window().color().rgba(),
+            colours.highlight().color().rgba(),
+            colours.base().color().rgba(),
+        };
+        const QString key(reinterpret_cast<const QChar *>(look.data()),
+                          qsizetype(sizeof look / sizeof(QChar)));
         QPixmap face;
         if (!QPixmapCache::find(key, &face)) {
             face = QPixmap(option->rect.size() * ratio);
             face.setDevicePixelRatio(ratio);
             face.fill(Qt::transparent);
-            QStyleOptionButton atOrigin(*button);
-            atOrigin.rect.moveTo(0, 0);
             QPainter facePainter(&face);
-            ZoomingStyle::drawPrimitive(PE_PanelButtonCommand, &atOrigin, &facePainter, widget);
+            facePainter.translate(-option->rect.topLeft());
+            ZoomingStyle::drawPrimitive(element, option, &facePainter, widget);
             facePainter.end();
             QPixmapCache::insert(key, face);
         }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "captionlabel.h"
 
+#include <QPainter>
 #include <QRegularExpression>
 
 QString captionOnScreen(const QString &caption, const BlankRuns &rule) {
@@ -74,4 +75,53 @@ void CaptionLabel::setCaption(const QString &caption) {
     caption_ = caption;
     setText(captionOnScreen(caption, rule_));
     setAccessibleName(captionSpoken(caption));
+}
+
+CaptionLabel::Look CaptionLabel::look() const {
+    return {size(),
+            devicePixelRatioF(),
+            palette().cacheKey(),
+            isEnabled(),
+            margin(),
+            indent(),
+            contentsMargins(),
+            int(alignment()),
+            frameStyle(),
+            lineWidth(),
+            font(),
+            text()};
+}
+
+void CaptionLabel::paintEvent(QPaintEvent *e) {
+    if (keeping_ || !autoFillBackground()) {
+        WrappingLabel::paintEvent(e);
+        return;
+    }
+    if (!drawing_.isNull() && drawnAs_ == look()) {
+        QPainter painter(this);
+        painter.drawPixmap(0, 0, drawing_);
+        return;
+    }
+    // Drawn as a label draws itself; the drawing to keep is made once this one is done, as a
+    // widget cannot draw itself twice at once.
+    WrappingLabel::paintEvent(e);
+    if (!keepPending_) {
+        keepPending_ = true;
+        QMetaObject::invokeMethod(
+            this, [this] { keepDrawing(); }, Qt::QueuedConnection);
+    }
+}
+
+void CaptionLabel::keepDrawing() {
+    keepPending_ = false;
+    if (size().isEmpty())
+        return;
+    const double ratio = devicePixelRatioF();
+    QPixmap drawing(size() * ratio);
+    drawing.setDevicePixelRatio(ratio);
+    keeping_ = true;
+    render(&drawing, QPoint(), QRegion(), QWidget::DrawWindowBackground);
+    keeping_ = false;
+    drawing_ = drawing;
+    drawnAs_ = look();
 }

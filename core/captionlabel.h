@@ -3,6 +3,7 @@
 
 #include <QHash>
 #include <QLabel>
+#include <QPixmap>
 
 // In the programme's captions, runs of blanks stand for line breaks: the captions were written
 // for a fixed line width and filled up with blanks to the end of each line. On screen a run of
@@ -39,6 +40,10 @@ private:
 
 // A label that keeps its caption exactly as the programme has it and shows it by its blank-run
 // rule. A screen reader reads it as captionSpoken() gives it.
+//
+// A caption that fills its own background (the pace note) keeps what it has drawn, and until its
+// size, text, font or colours change it is drawn by copying that: its text is laid out once, not
+// each time it appears while the pupil waits for the verdict.
 class CaptionLabel : public WrappingLabel {
     Q_OBJECT
 public:
@@ -46,7 +51,33 @@ public:
     void setCaption(const QString &caption);
     const QString &caption() const { return caption_; }
 
+protected:
+    void paintEvent(QPaintEvent *e) override;
+
 private:
+    // Everything the drawing depends on.
+    struct Look {
+        QSize size;
+        double pixelRatio = 0;
+        qint64 colours = 0;
+        bool enabled = false;
+        int margin = 0;
+        int indent = 0;
+        QMargins contents;
+        int alignment = 0;
+        int frameStyle = 0;
+        int lineWidth = 0;
+        QFont font;
+        QString text;
+        bool operator==(const Look &) const = default;
+    };
+    Look look() const;
+    void keepDrawing();
+
     QString caption_;
     BlankRuns rule_;
+    QPixmap drawing_;
+    Look drawnAs_;
+    bool keeping_ = false;     // drawing into drawing_
+    bool keepPending_ = false; // a drawing to keep is on its way
 };

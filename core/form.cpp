@@ -2,6 +2,7 @@
 #include "form.h"
 
 #include "accessibility.h"
+#include "appearing.h"
 #include "keyboard.h"
 #include "zoom.h"
 
@@ -154,7 +155,8 @@ void Form::warmUp() {
         draw(this);
     const auto widgets = findChildren<QWidget *>();
     for (QWidget *w : widgets) {
-        if (w->isHidden() && !w->isWindow() && w->parentWidget()->isVisibleTo(this))
+        const bool unseen = w->isHidden() || !Appearing::isVisible(w);
+        if (unseen && !w->isWindow() && w->parentWidget()->isVisibleTo(this))
             draw(w);
     }
     // Drawing the hidden parts asked their parents for a new layout: done here, not when shown.

@@ -12,7 +12,14 @@ QColor activeButton() {
 }
 
 QColor buttonFace() {
-    return QApplication::style()->standardPalette().color(QPalette::Button);
+    // Asked for each button switched off: the style's palette is made once per style.
+    static const QStyle *askedOf = nullptr;
+    static QColor face;
+    if (QApplication::style() != askedOf) {
+        askedOf = QApplication::style();
+        face = askedOf->standardPalette().color(QPalette::Button);
+    }
+    return face;
 }
 
 QString cssColour(const QColor &colour) {

@@ -51,6 +51,9 @@ QPushButton *pictureButton(const QString &icon, const QString &name, QWidget *pa
 }
 
 void setBackColour(QWidget *w, const QColor &colour) {
+    // The same colour again changes nothing, and costs no new palette.
+    if (w->testAttribute(Qt::WA_SetPalette) && w->palette().color(QPalette::Button) == colour)
+        return;
     QPalette p = w->palette();
     p.setColor(QPalette::Button, colour);
     w->setPalette(p);

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "lessonpage.h"
 
+#include "appearing.h"
 #include "captionlabel.h"
 #include "course.h"
 #include "picture.h"
 #include "questionbank.h"
+#include "runcache.h"
 #include "screens.h"
 #include "seams.h"
 #include "theme.h"
@@ -14,7 +16,6 @@
 
 #include <QAction>
 #include <QEvent>
-#include <QFontInfo>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -26,7 +27,6 @@
 #include <QVBoxLayout>
 
 #include <cmath>
-#include <memory>
 
 const QString kPaceNote = QStringLiteral("  Hinweis:") + QString(64, QLatin1Char(' ')) +
                           QStringLiteral("Damit du dir bei diesem Lernprogramm viel merken "
@@ -75,6 +75,74 @@ protected:
 
 private:
     std::function<void()> onClick_;
+};
+
+// The remarks: the verdicts lie one over the other, each in the whole room, which is as large as
+// the largest verdict of the question shown needs. A verdict that appears or goes leaves the
+// page's layout as it is; the room changes with the question.
+class Remarks : public QWidget {
+public:
+    Remarks(QWidget *parent, std::function<QList<QWidget *>()> verdictsOfQuestion)
+        : QWidget(parent)
+        , verdictsOfQuestion_(std::move(verdictsOfQuestion)) {
+        QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+        policy.setHeightForWidth(true);
+        setSizePolicy(policy);
+    }
+    // The room follows `question` whenever it is shown or hidden.
+    void follow(QWidget *question) { question->installEventFilter(this); }
+
+    QSize sizeHint() const override { return largest(&QWidget::sizeHint); }
+    QSize minimumSizeHint() const override { return largest(&QWidget::minimumSizeHint); }
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override {
+        int height = 0;
+        for (const QWidget *verdict : verdictsOfQuestion_())
+            height = std::max(height, verdict->heightForWidth(width));
+        return height;
+    }
+
+protected:
+    bool eventFilter(QObject *, QEvent *e) override {
+        if (e->type() == QEvent::ShowToParent || e->type() == QEvent::HideToParent)
+            updateGeometry();
+        return false;
+    }
+
+private:
+    QSize largest(QSize (QWidget::*hint)() const) const {
+        QSize size(0, 0);
+        for (const QWidget *verdict : verdictsOfQuestion_())
+            size = size.expandedTo((verdict->*hint)());
+        return size;
+    }
+
+    std::function<QList<QWidget *>()> verdictsOfQuestion_;
+};
+
+// The points display. Its size depends on the font and on how many digits each count has, the
+// digits of the programme's fonts all being equally wide: it is measured once for each such shape
+// and kept for the run, so that the layout that follows each answer measures no text.
+class PointsLabel : public QLabel {
+public:
+    using QLabel::QLabel;
+    QSize sizeHint() const override { return measured(false); }
+    QSize minimumSizeHint() const override { return measured(true); }
+
+private:
+    QSize measured(bool minimum) const {
+        static RunCache<QString, QSize> sizes;
+        QString shape = text();
+        for (QChar &c : shape) {
+            if (c.isDigit())
+                c = u'0';
+        }
+        QSize &size =
+            sizes[QString::number(int(minimum)) + font().key() + QLatin1Char('\n') + shape];
+        if (size.isEmpty())
+            size = minimum ? QLabel::minimumSizeHint() : QLabel::sizeHint();
+        return size;
+    }
 };
 
 const QList<ExplanationItem> kExplanation = {
@@ -232,34 +300,43 @@ void LessonPage::setupPaceNote(QGridLayout *grid) {
     paceNote->setPalette(notePalette);
     z.setMargin(paceNote, 6);
     // The note floats in a column kept free for it beside the answer and the remarks, so that
-    // showing it does not lay the page out again while the pupil waits for the verdict.
+    // it appears without laying the page out again while the pupil waits for the verdict.
     z.setColumnMinimumWidth(grid, 2, kPaceNoteWidth);
     z.setFixedWidth(paceNote, kPaceNoteWidth);
-    // Its height is measured once per zoom, not each time it appears.
-    placeOver(central, paceNote,
-              [this, &z, height = std::make_shared<QSize>()](const QRect &, QSize) {
-                  const QPoint topLeft(instructionLabel->geometry().right() + z.px(12),
-                                       answerEdit->geometry().top());
-                  const int width = z.px(kPaceNoteWidth);
-                  const int fontPixels = QFontInfo(paceNote->font()).pixelSize();
-                  if (height->width() != width * 1000 + fontPixels)
-                      *height = QSize(width * 1000 + fontPixels, paceNote->heightForWidth(width));
-                  return QRect(topLeft, QSize(width, height->height()));
-              });
-    paceNote->hide();
+    // Its height is the label's own, which the label measures once for each width and font.
+    Appearing::attach(paceNote, {instructionLabel, answerEdit}, [this, &z] {
+        const int width = z.px(kPaceNoteWidth);
+        return QRect(instructionLabel->geometry().right() + z.px(12), answerEdit->geometry().top(),
+                     width, paceNote->heightForWidth(width));
+    });
 }
 
 void LessonPage::setupRemarks(QGridLayout *grid, const PageBank &bank) {
     QWidget *central = page();
     remarksHeading = heading(QStringLiteral("Bemer-      kungen:"), central);
     grid->addWidget(remarksHeading, 3, 0);
+    // The room for the verdicts of the question shown.
+    auto *remarks = new Remarks(central, [this] {
+        QList<QWidget *> verdicts;
+        for (std::size_t q = 0; q < questionPictures.size(); ++q) {
+            if (!questionPictures[q]->isHidden()) {
+                for (int i : info_.key.at(q).shows) {
+                    if (i < feedbackPictures.size()) // while the page is built, the ones made
+                        verdicts << feedbackPictures.at(i);
+                }
+            }
+        }
+        return verdicts;
+    });
+    for (Picture *question : questionPictures)
+        remarks->follow(question);
+    grid->addWidget(remarks, 3, 1);
     const int pictures = info_.highestFeedbackIndex + 1;
     for (int i = 0; i < pictures; ++i) {
         const BankFeedback &f = bank.feedback.at(static_cast<std::size_t>(i));
-        auto *picture = new Picture(feedbackHtml(f, info_.number), central);
+        auto *picture = new Picture(feedbackHtml(f, info_.number), remarks);
         picture->setObjectName(QStringLiteral("Image3_%1").arg(i));
-        grid->addWidget(picture, 3, 1);
-        picture->hide();
+        Appearing::attach(picture, {}, [remarks] { return remarks->rect(); });
         feedbackPictures.append(picture);
     }
     grid->setRowStretch(3, 1);
@@ -296,7 +373,7 @@ void LessonPage::setupButtons(QGridLayout *grid) {
     nextPageButton->setToolTip(QStringLiteral("Eine Seite weiter"));
     z.setMinimumSize(nextPageButton, {56, 56});
     pointsHeading = new QLabel(QStringLiteral("Punkte:"), central);
-    pointsLabel = new QLabel(central);
+    pointsLabel = new PointsLabel(central);
     z.setFont(pointsLabel, 1.55, true);
     z.setMinimumWidth(pointsLabel, 110);
     buttons->addWidget(previousPageButton);
@@ -362,7 +439,7 @@ void LessonPage::evaluateAnswer() {
     for (std::size_t letter = 0; letter < letters.size(); ++letter) {
         if (answer != letters[letter])
             continue;
-        feedbackPictures.at(key.shows[letter])->show();
+        Appearing::show(feedbackPictures.at(key.shows[letter]));
         if (key.scores[letter]) {
             answerCorrectFlag = key.flagValue;
             course_.countCorrect();
@@ -407,7 +484,7 @@ void LessonPage::nextQuestion() {
     answerEdit->clear();
     setActive(retryButton, false);
     for (int i = 0; i <= info_.highestFeedbackIndex; ++i)
-        feedbackPictures.at(i)->hide();
+        Appearing::hide(feedbackPictures.at(i));
     if (questionIndex >= 4) {
         Screens::show(info_.next);
         Screens::unload(this);
@@ -431,7 +508,7 @@ void LessonPage::retry() {
     answerEdit->setFocus();
     answerEdit->clear();
     for (int i = 0; i <= info_.highestFeedbackIndex; ++i)
-        feedbackPictures.at(i)->hide();
+        Appearing::hide(feedbackPictures.at(i));
     setActive(retryButton, false);
     answerEvaluated = 0;
 }
@@ -450,11 +527,11 @@ QString LessonPage::spokenQuestion() const {
 QString LessonPage::spokenVerdict() const {
     QStringList parts;
     for (const Picture *picture : feedbackPictures) {
-        if (!picture->isHidden())
+        if (Appearing::isVisible(picture))
             parts << picture->plainText();
     }
     parts << QStringLiteral("Punkte:") + course_.pointsText() + QLatin1Char('.');
-    if (!paceNote->isHidden())
+    if (Appearing::isVisible(paceNote))
         parts << paceNote->accessibleName();
     return parts.join(QLatin1Char(' '));
 }
@@ -502,7 +579,7 @@ void LessonPage::onAnswerChanged() {
 bool LessonPage::anyVisible(const std::vector<int> &pictures) const {
     // A listed index the page does not have counts as a picture that is not visible.
     for (int i : pictures) {
-        if (i >= 0 && i < feedbackPictures.size() && !feedbackPictures.at(i)->isHidden())
+        if (i >= 0 && i < feedbackPictures.size() && Appearing::isVisible(feedbackPictures.at(i)))
             return true;
     }
     return false;
@@ -517,7 +594,7 @@ void LessonPage::onAnswerClicked() {
 
 void LessonPage::checkAnswerPace(int minimumSeconds) {
     if (Seams::secondsSinceMidnight() < questionStartTime + minimumSeconds) {
-        paceNote->show();
+        Appearing::show(paceNote);
         paceTimer->setInterval(kPaceNoteMs);
         paceTimer->start();
         previousPageButton->setEnabled(false);
@@ -528,7 +605,7 @@ void LessonPage::checkAnswerPace(int minimumSeconds) {
 
 void LessonPage::endPaceNote() {
     // paceTimer keeps running: its later ticks repeat these harmless steps.
-    paceNote->hide();
+    Appearing::hide(paceNote);
     previousPageButton->setEnabled(true);
     nextPageButton->setEnabled(true);
     setActive(endButton, true);

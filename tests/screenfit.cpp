@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "screenfit.h"
 
+#include "appearing.h"
 #include "application.h"
 #include "captionlabel.h"
 #include "controlcentre.h"
@@ -191,7 +192,7 @@ QStringList grownFont(const QWidget *w, double factor) {
 // Shows `count` widgets of a list from `from` on and hides the others.
 template <class List> void showOnly(const List &widgets, qsizetype from, qsizetype count = 1) {
     for (qsizetype i = 0; i < qsizetype(widgets.size()); ++i)
-        widgets[std::size_t(i)]->setVisible(i >= from && i < from + count);
+        Appearing::setVisible(widgets[std::size_t(i)], i >= from && i < from + count);
 }
 
 // Where a widget stands in its window.
@@ -261,7 +262,7 @@ QStringList misfits(QWidget *screen) {
         QApplication::style()->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth, nullptr, nullptr);
     QList<QWidget *> shown;
     for (QWidget *w : screen->findChildren<QWidget *>()) {
-        if (w->window() == screen->window() && w->isVisibleTo(screen))
+        if (w->window() == screen->window() && seen(w, screen))
             shown << w;
         // The drop-down menus are windows of their own, in the page's font too.
         if (qobject_cast<QMenu *>(w))
@@ -324,10 +325,15 @@ QStringList misfitsThroughout(Form *form) {
             page->endExplanation();
             page->toggleExplanation();
         }
-        page->paceNote->show();
-        for (qsizetype f = 0; f < page->feedbackPictures.size(); ++f) {
-            showOnly(page->feedbackPictures, f);
-            check(u"feedback %1 with the pace note"_s.arg(f));
+        // Each verdict with its question, as the pupil sees it.
+        Appearing::show(page->paceNote);
+        for (int q = 0; q < 5; ++q) {
+            showOnly(page->questionPictures, q);
+            showOnly(page->optionPictures, q);
+            for (int f : page->info().key.at(std::size_t(q)).shows) {
+                showOnly(page->feedbackPictures, f);
+                check(u"question %1, feedback %2 with the pace note"_s.arg(q + 1).arg(f));
+            }
         }
     }
     if (auto *page = qobject_cast<PageBase *>(form)) {

@@ -3,6 +3,7 @@
 // would find a fault only vaguely: the keys on the panels and the screens it closes with Escape,
 // keypad Enter, a held key, Tab inside the panels, the arrow keys of the final test, the reading
 // order of every screen, the focus frame and the contrast of every text.
+#include "appearing.h"
 #include "application.h"
 #include "backend_screen.h"
 #include "captionlabel.h"
@@ -337,7 +338,7 @@ private Q_SLOTS:
             QTest::keyClicks(page->answerEdit, u"c"_s);
             QTest::keyClick(page->nextQuestionButton, Qt::Key_Return);
             QTest::keyClicks(page->answerEdit, page->info().firstPage ? u"a"_s : u"b"_s);
-            QVERIFY(!page->paceNote->isHidden() && !page->nextPageButton->isEnabled());
+            QVERIFY(Appearing::isVisible(page->paceNote) && !page->nextPageButton->isEnabled());
             if (page->explanationTimer)
                 fireTimer(page->explanationTimer);
             page->overviewEntry->trigger(); // the panels' texts too
@@ -356,7 +357,7 @@ private Q_SLOTS:
         static const QRegularExpression colour(u"color:\\s*(#[0-9a-fA-F]{6})"_s);
         int texts = 0;
         for (QWidget *w : form->findChildren<QWidget *>()) {
-            if (!w->isVisible())
+            if (!seen(w))
                 continue;
             QString shown;
             QList<QColor> colours{w->palette().color(

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The ten lesson pages as a pupil works them: every letter of every question, typing and trying
 // again, the pace note, menu switches, overview and exit frame, pictures as they are read.
+#include "appearing.h"
 #include "captionlabel.h"
 #include "lessonpage.h"
 #include "picture.h"
@@ -9,6 +10,7 @@
 #include "testsupport.h"
 #include "theme.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QImage>
 #include <QLabel>
@@ -55,7 +57,7 @@ void goToQuestion(TestProgramme &prog, LessonPage *page, int question) {
 template <class Pictures> QList<int> visible(const Pictures &pictures) {
     QList<int> shown;
     for (int i = 0; i < int(pictures.size()); ++i)
-        if (!pictures[i]->isHidden())
+        if (Appearing::isVisible(pictures[i]))
             shown.append(i);
     return shown;
 }
@@ -114,6 +116,10 @@ private Q_SLOTS:
         QCOMPARE(p->answerEdit->text(), QString(letter));
         const QList<int> shown = visible(p->feedbackPictures);
         QCOMPARE(shown.size(), 1);
+        for (int i = 0; i < int(p->feedbackPictures.size()); ++i) // a screen reader sees it alone
+            QCOMPARE(
+                QAccessible::queryAccessibleInterface(p->feedbackPictures.at(i))->state().invisible,
+                i != shown[0]);
         // "Unvollständig und deshalb falsch!" counts as "Falsch!".
         const QString text = p->feedbackPictures.at(shown[0])->plainText();
         const bool wrong =
@@ -197,12 +203,12 @@ private Q_SLOTS:
         // all.
         type(prog, p, wrong);
         for (Picture *picture : p->feedbackPictures)
-            picture->show();
+            Appearing::show(picture);
         QTest::mouseClick(p->retryButton, Qt::LeftButton);
         QCOMPARE(visible(p->feedbackPictures), QList<int>());
         type(prog, p, right);
         for (Picture *picture : p->feedbackPictures)
-            picture->show();
+            Appearing::show(picture);
         QTest::mouseClick(p->nextQuestionButton, Qt::LeftButton);
         QCOMPARE(visible(p->feedbackPictures), QList<int>());
 
@@ -271,7 +277,7 @@ private Q_SLOTS:
         QCOMPARE(page->pointsLabel->text(), points);
         QCOMPARE(lightGreyAndEnabled(page->retryButton), again);
         QCOMPARE(page->questionStartTime, 36000 + 10 * (question - 1));
-        QCOMPARE(!page->paceNote->isHidden(), note);
+        QCOMPARE(Appearing::isVisible(page->paceNote), note);
         QCOMPARE(page->paceTimer->isActive(), note);
         for (QPushButton *button :
              {page->previousPageButton, page->nextPageButton, page->endButton})
@@ -284,7 +290,7 @@ private Q_SLOTS:
             return;
         QCOMPARE(page->endButton->palette().color(QPalette::Button), Theme::buttonFace());
         fireTimer(page->paceTimer);
-        QVERIFY(page->paceNote->isHidden() && page->paceTimer->isActive());
+        QVERIFY(!Appearing::isVisible(page->paceNote) && page->paceTimer->isActive());
         QVERIFY(page->previousPageButton->isEnabled() && page->nextPageButton->isEnabled());
         QVERIFY(lightGreyAndEnabled(page->endButton));
     }

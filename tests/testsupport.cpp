@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "testsupport.h"
 
+#include "appearing.h"
 #include "messagebox.h"
 #include "screens.h"
 #include "seams.h"
@@ -121,6 +122,17 @@ bool work(QWidget *screen, const QString &steps) {
 
 void fireTimer(QTimer *timer) {
     QMetaObject::invokeMethod(timer, "timeout", Qt::DirectConnection);
+}
+
+bool seen(const QWidget *w, const QWidget *within) {
+    within = within ? within : w->window();
+    if (!w->isVisibleTo(within))
+        return false;
+    for (; w && w != within; w = w->parentWidget()) {
+        if (!Appearing::isVisible(w))
+            return false;
+    }
+    return true;
 }
 
 void settle() {

@@ -113,3 +113,7 @@ void fireTimer(QTimer *timer);
 
 // Lets the screen layer finish what the last handler left: its layer step and deferred deletes.
 void settle();
+
+// Whether the pupil sees `w` within `within` (its window by default): shown, and neither it nor a
+// parent a control that has gone (a verdict, the pace note).
+bool seen(const QWidget *w, const QWidget *within = nullptr);
