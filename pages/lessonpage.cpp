@@ -453,9 +453,7 @@ void LessonPage::evaluateAnswer() {
 
     // A screen reader says the verdict, the pace note and the points with the button that takes
     // the focus now.
-    const QString verdict = spokenVerdict();
-    nextQuestionButton->setAccessibleDescription(answerCorrectFlag != 0 ? verdict : QString());
-    retryButton->setAccessibleDescription(answerCorrectFlag != 0 ? QString() : verdict);
+    describeVerdict();
     if (answerCorrectFlag != 0) {
         setActive(nextQuestionButton, true);
         nextQuestionButton->setFocus();
@@ -522,6 +520,12 @@ QString LessonPage::spokenQuestion() const {
         }
     }
     return {};
+}
+
+void LessonPage::describeVerdict() {
+    const QString verdict = spokenVerdict();
+    nextQuestionButton->setAccessibleDescription(answerCorrectFlag != 0 ? verdict : QString());
+    retryButton->setAccessibleDescription(answerCorrectFlag != 0 ? QString() : verdict);
 }
 
 QString LessonPage::spokenVerdict() const {
@@ -606,6 +610,9 @@ void LessonPage::checkAnswerPace(int minimumSeconds) {
 void LessonPage::endPaceNote() {
     // paceTimer keeps running: its later ticks repeat these harmless steps.
     Appearing::hide(paceNote);
+    // The button that holds the verdict no longer speaks of the note.
+    if (answerEvaluated != 0)
+        describeVerdict();
     previousPageButton->setEnabled(true);
     nextPageButton->setEnabled(true);
     setActive(endButton, true);
@@ -625,8 +632,7 @@ void LessonPage::togglePoints() {
 
 void registerLessonPages(Course &course) {
     for (int page = 1; page <= 10; ++page)
-        Screens::registerScreen(pageScreen(page),
-                                [page, &course](double factor) {
-                                    return new LessonPage(page, course, factor);
-                                });
+        Screens::registerScreen(pageScreen(page), [page, &course](double factor) {
+            return new LessonPage(page, course, factor);
+        });
 }

@@ -91,6 +91,7 @@ private:
     QString spokenQuestion() const;
     // What it says with the button that takes the focus after an answer: the verdict with its
     // hint, the points and the pace note.
+    void describeVerdict();
     QString spokenVerdict() const;
     // The page's controls, built in the order of its rows.
     void buildControls();

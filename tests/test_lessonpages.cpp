@@ -289,8 +289,14 @@ private Q_SLOTS:
         if (!note)
             return;
         QCOMPARE(page->endButton->palette().color(QPalette::Button), Theme::buttonFace());
+        const auto noteSaid = [page] { // with the verdict, by the button that has the focus
+            return page->focusWidget()->accessibleDescription().contains(
+                page->paceNote->accessibleName());
+        };
+        QVERIFY(noteSaid());
         fireTimer(page->paceTimer);
-        QVERIFY(!Appearing::isVisible(page->paceNote) && page->paceTimer->isActive());
+        QVERIFY(!Appearing::isVisible(page->paceNote) && page->paceTimer->isActive() &&
+                !noteSaid());
         QVERIFY(page->previousPageButton->isEnabled() && page->nextPageButton->isEnabled());
         QVERIFY(lightGreyAndEnabled(page->endButton));
     }
