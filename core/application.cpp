@@ -6,6 +6,7 @@
 #include "zoom.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QPainter>
@@ -15,6 +16,7 @@
 #include <QPushButton>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QTimer>
 #include <QTranslator>
 
 #include <algorithm>
@@ -176,14 +178,37 @@ private:
     }
 };
 
+// The window icon is drawn from its SVG at several sizes for the window system when it is set.
+// It is given once the first window has been drawn: the pupil sees the start screen that much
+// sooner, and its icon a moment later.
+class IconAfterFirstFrame : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override {
+        if (event->type() == QEvent::Paint && watched->isWidgetType() &&
+            static_cast<QWidget *>(watched)->isWindow()) {
+            QCoreApplication::instance()->removeEventFilter(this);
+            // After the drawing has reached the screen.
+            QTimer::singleShot(0, this, [this] {
+                QApplication::setWindowIcon(QIcon(QStringLiteral(":/org.kelvora.Kelvora.svg")));
+                deleteLater();
+            });
+        }
+        return false;
+    }
+};
+
 } // namespace
 
 void setUpApplication(QApplication &app) {
     app.setApplicationName(QStringLiteral("Kelvora"));
     app.setApplicationVersion(QStringLiteral(KELVORA_VERSION));
-    // The window icon is the menu entry's icon, and desktops find the entry by this name.
+    // The window icon (given after the first frame, above) is the menu entry's icon, and desktops
+    // find the entry by this name.
     QGuiApplication::setDesktopFileName(QStringLiteral("org.kelvora.Kelvora"));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/org.kelvora.Kelvora.svg")));
+    app.installEventFilter(new IconAfterFirstFrame(&app));
     // Fusion draws the light grey of the active buttons on every platform. Its palette is set
     // explicitly: a desktop's own colours (a dark theme, say) would otherwise take its place, and
     // the programme's colours are chosen for their contrast against Fusion's.
