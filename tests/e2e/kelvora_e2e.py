@@ -450,6 +450,24 @@ class Session:
                             "/org/a11y/bus", "org.a11y.Bus.GetAddress"]).stdout
         self.log("accessibility bus " + " ".join(address.split()[-1:]))
 
+    def start_desktop(self):
+        """X, the window manager and both buses, with this process's environment pointed at them
+        (libatspi reads it when it first talks to the bus). Returns the display, the window
+        manager, pyatspi and Atspi."""
+        display = self.start_x()
+        wm = self.start_window_manager()
+        self.start_session_bus()
+        self.start_accessibility_bus()
+        for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "HOME", "XDG_RUNTIME_DIR"):
+            os.environ[name] = self.env[name]
+        os.environ.pop("AT_SPI_BUS_ADDRESS", None)
+        import gi
+        gi.require_version("Atspi", "2.0")
+        from gi.repository import Atspi
+        import pyatspi
+        Atspi.set_timeout(5000, 20000)
+        return display, wm, pyatspi, Atspi
+
     def stop(self):
         for name, process in reversed(self.processes):
             if process.poll() is None:
@@ -1557,6 +1575,45 @@ def choose_locale():
     return "de_DE.UTF-8" if "de_de.utf8" in names else "C.UTF-8"
 
 
+def stop(process):
+    """Ends a process the run started, with every process of its group, if it still runs."""
+    if process is None or process.poll() is not None:
+        return
+    os.killpg(process.pid, signal.SIGTERM)
+    try:
+        process.wait(timeout=5)
+    except subprocess.TimeoutExpired:
+        os.killpg(process.pid, signal.SIGKILL)
+        process.wait(timeout=5)
+
+
+def stop_on_termination():
+    """A termination request still stops every process the run started."""
+    signal.signal(signal.SIGTERM, lambda number, frame: sys.exit(128 + number))
+    signal.signal(signal.SIGHUP, lambda number, frame: sys.exit(128 + number))
+
+
+def programme_copy(kelvora, prefix):
+    """A scratch folder with the programme in a folder of its own, where it keeps its files.
+    Returns both folders."""
+    stop_on_termination()
+    scratch = tempfile.mkdtemp(prefix=prefix)
+    folder = os.path.join(scratch, "programme")
+    os.makedirs(folder)
+    shutil.copy2(kelvora, os.path.join(folder, "kelvora"))
+    return scratch, folder
+
+
+def report(checks, scratch):
+    """The count of checks; the scratch folder of a failed run is kept, any other removed."""
+    print(f"{checks.passed} checks passed, {len(checks.failed)} failed")
+    if checks.failed:
+        print(f"scratch folder kept: {scratch}")
+        return 1
+    shutil.rmtree(scratch, ignore_errors=True)
+    return 0
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
     parser.add_argument("kelvora", nargs="?",
@@ -1582,35 +1639,16 @@ def run_all(args):
         print(f"FAIL kelvora executable not found at {args.kelvora} (build it first)")
         return 1
 
-    # A termination request still stops every process this run started.
-    signal.signal(signal.SIGTERM, lambda number, frame: sys.exit(128 + number))
-    signal.signal(signal.SIGHUP, lambda number, frame: sys.exit(128 + number))
-
     started = time.monotonic()
-    scratch = tempfile.mkdtemp(prefix="kelvora-e2e-")
-    folder = os.path.join(scratch, "programme")
-    os.makedirs(folder)
-    shutil.copy2(args.kelvora, os.path.join(folder, "kelvora"))
+    scratch, folder = programme_copy(args.kelvora, "kelvora-e2e-")
     checks = Checks(args.verbose)
     session = Session(scratch, args.verbose)
     process = None
     log_path = os.path.join(scratch, "kelvora.log")
     skipped = None
     try:
-        display = session.start_x()
-        wm = session.start_window_manager()
-        session.start_session_bus()
-        session.start_accessibility_bus()
+        display, wm, pyatspi, Atspi = session.start_desktop()
         locale_name = choose_locale()
-        # libatspi reads these when it first talks to the bus.
-        for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "HOME", "XDG_RUNTIME_DIR"):
-            os.environ[name] = session.env[name]
-        os.environ.pop("AT_SPI_BUS_ADDRESS", None)
-        import gi
-        gi.require_version("Atspi", "2.0")
-        from gi.repository import Atspi
-        import pyatspi
-        Atspi.set_timeout(5000, 20000)
 
         app_env = dict(session.env, QT_QPA_PLATFORM="xcb", QT_ACCESSIBILITY="1",
                        QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", LC_ALL=locale_name,
@@ -1641,12 +1679,7 @@ def run_all(args):
     except Skip as e:
         skipped = e
     finally:
-        if process is not None and process.poll() is None:
-            os.killpg(process.pid, signal.SIGTERM)
-            try:
-                process.wait(timeout=5)
-            except subprocess.TimeoutExpired:
-                os.killpg(process.pid, signal.SIGKILL)
+        stop(process)
         session.stop()
     if skipped is not None:
         shutil.rmtree(scratch, ignore_errors=True)

@@ -26,10 +26,8 @@ import json
 import os
 import re
 import shutil
-import signal
 import subprocess
 import sys
-import tempfile
 import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
@@ -355,14 +353,8 @@ def listen_to_course(args):
     if not os.access(args.kelvora, os.X_OK):
         print(f"FAIL kelvora executable not found at {args.kelvora} (build it first)")
         return 1
-    signal.signal(signal.SIGTERM, lambda number, frame: sys.exit(128 + number))
-    signal.signal(signal.SIGHUP, lambda number, frame: sys.exit(128 + number))
-
     started = time.monotonic()
-    scratch = tempfile.mkdtemp(prefix="kelvora-orca-")
-    folder = os.path.join(scratch, "programme")
-    os.makedirs(folder)
-    shutil.copy2(args.kelvora, os.path.join(folder, "kelvora"))
+    scratch, folder = e2e.programme_copy(args.kelvora, "kelvora-orca-")
     transcript = os.path.join(scratch, "orca-speech.jsonl")
     checks = e2e.Checks(args.verbose)
     os.environ["KELVORA_E2E_SERVER"] = "xvfb"  # Orca needs no more than Xvfb
@@ -370,18 +362,7 @@ def listen_to_course(args):
     kelvora = orca_process = None
     skipped = None
     try:
-        session.start_x()
-        session.start_window_manager()
-        session.start_session_bus()
-        session.start_accessibility_bus()
-        for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "HOME", "XDG_RUNTIME_DIR"):
-            os.environ[name] = session.env[name]
-        os.environ.pop("AT_SPI_BUS_ADDRESS", None)
-        import gi
-        gi.require_version("Atspi", "2.0")
-        from gi.repository import Atspi
-        import pyatspi
-        Atspi.set_timeout(5000, 20000)
+        _, _, pyatspi, Atspi = session.start_desktop()
 
         # Orca first, as on a pupil's desktop; its settings in the scratch home.
         orca_env = dict(session.env, GSETTINGS_BACKEND="memory", LC_ALL="C.UTF-8",
@@ -417,12 +398,7 @@ def listen_to_course(args):
         skipped = e
     finally:
         for process in (kelvora, orca_process):
-            if process is not None and process.poll() is None:
-                os.killpg(process.pid, signal.SIGTERM)
-                try:
-                    process.wait(timeout=5)
-                except subprocess.TimeoutExpired:
-                    os.killpg(process.pid, signal.SIGKILL)
+            e2e.stop(process)
         session.stop()
     if skipped is not None:
         shutil.rmtree(scratch, ignore_errors=True)

@@ -18,7 +18,6 @@ Exit status 0 every check passed, 1 a check failed, 77 this machine cannot run i
 import argparse
 import os
 import shutil
-import signal
 import subprocess
 import sys
 import tempfile
@@ -46,16 +45,6 @@ def wait_for_end(process, checks, what):
         checks.check(False, f"{what} ends the programme", "it is still running")
         return
     checks.check(status == 0, f"{what} ends the programme", f"exit status {status}")
-
-
-def stop(process):
-    if process.poll() is None:
-        os.killpg(process.pid, signal.SIGTERM)
-        try:
-            process.wait(timeout=5)
-        except subprocess.TimeoutExpired:
-            os.killpg(process.pid, signal.SIGKILL)
-            process.wait(timeout=5)
 
 
 def work_to_page_3_and_resume_there(ui, checks):
@@ -109,18 +98,7 @@ def run(args, checks):
     log = open(os.path.join(scratch, "kelvora.log"), "wb")
     process = None
     try:
-        session.start_x()
-        session.start_window_manager()
-        session.start_session_bus()
-        session.start_accessibility_bus()
-        for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "HOME", "XDG_RUNTIME_DIR"):
-            os.environ[name] = session.env[name]
-        os.environ.pop("AT_SPI_BUS_ADDRESS", None)
-        import gi
-        gi.require_version("Atspi", "2.0")
-        from gi.repository import Atspi
-        import pyatspi
-        Atspi.set_timeout(5000, 20000)
+        _, _, pyatspi, Atspi = session.start_desktop()
 
         # First run: work to page 3 and end there.
         process, ui = start(session, e2e.Ui, pyatspi, Atspi, checks, installed, log)
@@ -155,7 +133,7 @@ def run(args, checks):
                          f"{path}: {content[:60]!r}")
         checks.check(files_in(bin_folder) == ["kelvora"], "still nothing beside the installed "
                      "executable", f"{bin_folder} holds {files_in(bin_folder)}")
-        stop(process)
+        e2e.stop(process)
 
         # A portable copy keeps its file beside itself, even with a data folder at hand.
         portable = os.path.join(scratch, "stick")
@@ -177,8 +155,7 @@ def run(args, checks):
         checks.check(not os.path.exists(saved), "a portable copy leaves the data folder alone",
                      f"{files_in(data)}")
     finally:
-        if process is not None:
-            stop(process)
+        e2e.stop(process)
         session.stop()
         log.close()
     return scratch
@@ -199,19 +176,13 @@ def main():
         if not os.path.isfile(args.deb):
             print(f"FAIL no package at {args.deb} (cmake --build <dir> --target package)")
             return 1
-        signal.signal(signal.SIGTERM, lambda number, frame: sys.exit(128 + number))
+        e2e.stop_on_termination()
         checks = e2e.Checks(args.verbose)
         scratch = run(args, checks)
     except e2e.Skip as e:
         print(f"SKIP: {e}", flush=True)
         return e2e.SKIP
-    failed = checks.failed
-    print(f"{checks.passed} checks passed, {len(failed)} failed")
-    if failed:
-        print(f"scratch folder kept: {scratch}")
-        return 1
-    shutil.rmtree(scratch, ignore_errors=True)
-    return 0
+    return e2e.report(checks, scratch)
 
 
 if __name__ == "__main__":

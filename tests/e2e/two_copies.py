@@ -23,7 +23,6 @@ import shutil
 import signal
 import subprocess
 import sys
-import tempfile
 import time
 
 import kelvora_e2e as e2e
@@ -88,10 +87,7 @@ class Copies:
 
 
 def run(args, checks):
-    scratch = tempfile.mkdtemp(prefix="kelvora-two-copies-")
-    folder = os.path.join(scratch, "kelvora")
-    os.mkdir(folder)
-    shutil.copy2(args.kelvora, folder)
+    scratch, folder = e2e.programme_copy(args.kelvora, "kelvora-two-copies-")
     with open(os.path.join(folder, "StartQelB.txt"), "wb") as f:
         f.write(b'"3"\r\n')
     session = e2e.Session(scratch, args.verbose)
@@ -169,13 +165,7 @@ def main():
     except e2e.Skip as e:
         print(f"SKIP: {e}")
         return 77
-    if checks.failed:
-        print(f"FAIL: {len(checks.failed)} of {checks.passed + len(checks.failed)} checks "
-              f"(log and folder kept in {scratch})")
-        return 1
-    shutil.rmtree(scratch, ignore_errors=True)
-    print(f"PASS: {checks.passed} checks")
-    return 0
+    return e2e.report(checks, scratch)
 
 
 if __name__ == "__main__":

@@ -86,8 +86,8 @@ def xdotool(*arguments):
 
 
 def window(title, timeout=30):
-    """The X window with exactly this caption, once it is shown."""
-    pattern = "^" + re.escape(title) + "$"
+    """The X window with this caption (as screen readers read it), once it is shown."""
+    pattern = e2e.caption_pattern(title)
     end = time.monotonic() + timeout
     while time.monotonic() < end:
         ids = xdotool("search", "--onlyvisible", "--name", pattern).stdout.split()
@@ -98,7 +98,7 @@ def window(title, timeout=30):
 
 
 def window_gone(title, timeout=10):
-    pattern = "^" + re.escape(title) + "$"
+    pattern = e2e.caption_pattern(title)
     end = time.monotonic() + timeout
     while time.monotonic() < end:
         if not xdotool("search", "--onlyvisible", "--name", pattern).stdout.split():
@@ -283,7 +283,7 @@ def main():
         if not os.path.isfile(package):
             print(f"FAIL no {mode} at {package}")
             return 1
-        signal.signal(signal.SIGTERM, lambda number, frame: sys.exit(128 + number))
+        e2e.stop_on_termination()
         checks = e2e.Checks(verbose=True)
         scratch = tempfile.mkdtemp(prefix=f"kelvora-windows-{mode}-")
         with open(os.path.join(scratch, "wine.log"), "wb") as log:
@@ -294,12 +294,7 @@ def main():
     except e2e.Skip as e:
         print(f"SKIP: {e}", flush=True)
         return e2e.SKIP
-    print(f"{checks.passed} checks passed, {len(checks.failed)} failed")
-    if checks.failed:
-        print(f"scratch folder kept: {scratch}")
-        return 1
-    shutil.rmtree(scratch, ignore_errors=True)
-    return 0
+    return e2e.report(checks, scratch)
 
 
 if __name__ == "__main__":
