@@ -44,17 +44,11 @@ find_program(KELVORA_RSVG_CONVERT rsvg-convert)
 find_package(Python3 COMPONENTS Interpreter)
 set(KELVORA_ICO)
 if(KELVORA_RSVG_CONVERT AND Python3_Interpreter_FOUND)
-    set(icon_svg ${PROJECT_SOURCE_DIR}/assets/${kelvora_app_id}.svg)
     set(KELVORA_ICO ${CMAKE_CURRENT_BINARY_DIR}/kelvora.ico)
     set(icon_pngs)
     foreach(size IN ITEMS 16 24 32 48 64 256)
         set(icon_png ${CMAKE_CURRENT_BINARY_DIR}/icon-${size}.png)
-        add_custom_command(OUTPUT ${icon_png}
-            COMMAND ${KELVORA_RSVG_CONVERT} --width=${size} --height=${size} --format=png
-                --output=${icon_png} ${icon_svg}
-            DEPENDS ${icon_svg}
-            COMMENT "Rendering the ${size} px icon"
-            VERBATIM)
+        kelvora_render_icon(${icon_png} ${size})
         list(APPEND icon_pngs ${icon_png})
     endforeach()
     add_custom_command(OUTPUT ${KELVORA_ICO}
