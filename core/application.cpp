@@ -22,6 +22,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 
 namespace {
 
@@ -71,6 +72,33 @@ public:
 
     void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
                      const QWidget *widget) const override {
+        if (element == CE_PushButton && drawButtonCopy(option, painter, widget))
+            return;
+        drawControlAnew(element, option, painter, widget);
+    }
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override {
+        if (element == PE_FrameFocusRect) {
+            // A flat button (a line of the overview) is framed whole; elsewhere the frame keeps a
+            // little room around the text it marks.
+            QRect around = option->rect.adjusted(-2, -1, 2, 1);
+            if (widget && qobject_cast<const QPushButton *>(widget))
+                around = widget->rect();
+            drawFocusFrame(widget ? around & widget->rect() : option->rect, painter, widget);
+            return;
+        }
+        const bool copied = element == PE_PanelButtonCommand || element == PE_PanelLineEdit ||
+                            element == PE_FrameLineEdit;
+        if (!copied || !drawCopy(element, option, painter, widget))
+            ZoomingStyle::drawPrimitive(element, option, painter, widget);
+        if (element == PE_FrameLineEdit && (option->state & State_HasFocus))
+            drawFocusFrame(option->rect, painter, widget);
+    }
+
+private:
+    void drawControlAnew(ControlElement element, const QStyleOption *option, QPainter *painter,
+                         const QWidget *widget) const {
         if (element == CE_ShapedFrame && painter->device()) {
             // At a fractional scale of the screen (QT_SCALE_FACTOR=1.25, say) a frame's line on
             // the widget's edge may fall on a device pixel outside the widget and be lost: there
@@ -96,43 +124,93 @@ public:
         }
     }
 
-    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
-                       const QWidget *widget) const override {
-        if (element == PE_FrameFocusRect) {
-            // A flat button (a line of the overview) is framed whole; elsewhere the frame keeps a
-            // little room around the text it marks.
-            QRect around = option->rect.adjusted(-2, -1, 2, 1);
-            if (widget && qobject_cast<const QPushButton *>(widget))
-                around = widget->rect();
-            drawFocusFrame(widget ? around & widget->rect() : option->rect, painter, widget);
-            return;
-        }
-        const bool copied = element == PE_PanelButtonCommand || element == PE_PanelLineEdit ||
-                            element == PE_FrameLineEdit;
-        if (!copied || !drawCopy(element, option, painter, widget))
-            ZoomingStyle::drawPrimitive(element, option, painter, widget);
-        if (element == PE_FrameLineEdit && (option->state & State_HasFocus))
-            drawFocusFrame(option->rect, painter, widget);
+    // Buttons and fields are drawn once for each look and then copied. Fusion keeps copies of its
+    // button faces, but by the identity of the button's palette, and the pages give a button a
+    // new palette each time it is switched on or off (its colour tells the pupil which buttons
+    // work): Fusion would draw the face anew each time, and a field's rounded frame always, while
+    // the pupil waits for the verdict on an answer. These copies go by the colours themselves.
+    // Everything a look depends on goes into its key as characters: `look` and the colours of
+    // the option's colour group.
+    template <std::size_t N>
+    static QString lookKey(const std::array<quint32, N> &look, const QStyleOption *option) {
+        std::array<quint32, QPalette::NColorRoles> colours{};
+        for (int role = 0; role < QPalette::NColorRoles; ++role)
+            colours[std::size_t(role)] = option->palette.color(QPalette::ColorRole(role)).rgba();
+        QString key(reinterpret_cast<const QChar *>(look.data()),
+                    qsizetype(sizeof look / sizeof(QChar)));
+        key.append(reinterpret_cast<const QChar *>(colours.data()),
+                   qsizetype(sizeof colours / sizeof(QChar)));
+        return key;
     }
 
-private:
-    // A button's face and a field with its frame, drawn once for each look and then copied.
-    // Fusion keeps copies of its button faces, but by the identity of the button's palette, and
-    // the pages give a button a new palette each time it is switched on or off (its colour tells
-    // the pupil which buttons work): Fusion would draw the face anew each time, and a field's
-    // rounded frame always, while the pupil waits for the verdict on an answer. These copies go by
-    // the colours themselves.
+    // The font's identity, for a key: QFont::key() writes the whole description out, which
+    // costs more than the copy saves.
+    static QString fontKey(const QFont &font) {
+        const std::array<quint32, 5> look = {
+            quint32(font.pixelSize()), quint32(std::lround(font.pointSizeF() * 1000)),
+            quint32(font.weight()),
+            quint32(font.italic()) | quint32(font.underline()) << 1 |
+                quint32(font.strikeOut()) << 2,
+            quint32(font.stretch())};
+        return QString(reinterpret_cast<const QChar *>(look.data()),
+                       qsizetype(sizeof look / sizeof(QChar))) +
+               font.family() + QChar(0);
+    }
+
+    // The colour a control is drawn over: that of the nearest widget behind it that fills its
+    // background, where it is one plain colour; invalid otherwise.
+    static QColor groundBehind(const QWidget *widget) {
+        for (const QWidget *w = widget ? widget->parentWidget() : nullptr; w;
+             w = w->parentWidget()) {
+            if (w->autoFillBackground() || w->isWindow()) {
+                const QBrush &brush = w->palette().brush(w->backgroundRole());
+                return brush.style() == Qt::SolidPattern && brush.isOpaque() ? brush.color()
+                                                                             : QColor();
+            }
+        }
+        return {};
+    }
+
+    // Draws `option->rect` from the copy kept under `key`, drawing it with `draw` first where
+    // there is none. A copy is made over the colour behind `widget` where that is a plain one:
+    // it is then copied whole rather than blended. Where the screen scales by a fraction a copy
+    // would not fall on whole device pixels: there nothing is copied.
+    static bool drawCopy(QString key, const QStyleOption *option, QPainter *painter,
+                         const QWidget *widget, const std::function<void(QPainter *)> &draw) {
+        if (option->rect.isEmpty() || !painter->device())
+            return false;
+        const qreal ratio = painter->device()->devicePixelRatio();
+        if (ratio != std::floor(ratio))
+            return false;
+        const QColor ground = groundBehind(widget);
+        const QRgb groundKey = ground.isValid() ? ground.rgba() : 0;
+        key.append(reinterpret_cast<const QChar *>(&groundKey),
+                   qsizetype(sizeof groundKey / sizeof(QChar)));
+        QPixmap copy;
+        if (!QPixmapCache::find(key, &copy)) {
+            copy = QPixmap(option->rect.size() * ratio);
+            copy.setDevicePixelRatio(ratio);
+            copy.fill(ground.isValid() ? ground : QColor(Qt::transparent));
+            QPainter copyPainter(&copy);
+            copyPainter.setFont(painter->font());
+            copyPainter.setPen(painter->pen());
+            copyPainter.setLayoutDirection(painter->layoutDirection());
+            copyPainter.translate(-option->rect.topLeft());
+            draw(&copyPainter);
+            copyPainter.end();
+            QPixmapCache::insert(key, copy);
+        }
+        painter->drawPixmap(option->rect.topLeft(), copy);
+        return true;
+    }
+
     bool drawCopy(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                   const QWidget *widget) const {
         const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
         const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
-        if ((element == PE_PanelButtonCommand && !button) || option->rect.isEmpty() ||
-            !painter->device())
+        if (element == PE_PanelButtonCommand && !button)
             return false;
-        const qreal ratio = painter->device()->devicePixelRatio();
-        const QPalette &colours = option->palette;
-        // Everything the look depends on, as the key's characters.
-        const std::array<quint32, 12> look = {
+        const std::array<quint32, 8> look = {
             quint32(element),
             quint32(option->state),
             button  ? quint32(button->features)
@@ -142,27 +220,41 @@ private:
             quint32(option->direction),
             quint32(option->rect.width()),
             quint32(option->rect.height()),
-            quint32(std::lround(ratio * 1000)),
-            colours.button().color().rgba(),
-            colours.window().color().rgba(),
-            colours.highlight().color().rgba(),
-            colours.base().color().rgba(),
+            quint32(
+                std::lround(painter->device() ? painter->device()->devicePixelRatio() * 1000 : 0)),
         };
-        const QString key(reinterpret_cast<const QChar *>(look.data()),
-                          qsizetype(sizeof look / sizeof(QChar)));
-        QPixmap face;
-        if (!QPixmapCache::find(key, &face)) {
-            face = QPixmap(option->rect.size() * ratio);
-            face.setDevicePixelRatio(ratio);
-            face.fill(Qt::transparent);
-            QPainter facePainter(&face);
-            facePainter.translate(-option->rect.topLeft());
-            ZoomingStyle::drawPrimitive(element, option, &facePainter, widget);
-            facePainter.end();
-            QPixmapCache::insert(key, face);
-        }
-        painter->drawPixmap(option->rect.topLeft(), face);
-        return true;
+        return drawCopy(lookKey(look, option), option, painter, widget, [&](QPainter *copyPainter) {
+            ZoomingStyle::drawPrimitive(element, option, copyPainter, widget);
+        });
+    }
+
+    // A whole push button, its face, caption or picture and focus frame: after an answer four of
+    // them change at once.
+    bool drawButtonCopy(const QStyleOption *option, QPainter *painter,
+                        const QWidget *widget) const {
+        const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
+        if (!button || !painter->device())
+            return false;
+        const auto icon = quint64(button->icon.cacheKey());
+        const std::array<quint32, 12> look = {
+            quint32(CE_PushButton),
+            quint32(option->state),
+            quint32(button->features),
+            quint32(option->direction),
+            quint32(option->rect.width()),
+            quint32(option->rect.height()),
+            quint32(std::lround(painter->device()->devicePixelRatio() * 1000)),
+            quint32(std::lround(Zoom::factorOf(widget) * 1000)),
+            quint32(icon),
+            quint32(icon >> 32),
+            quint32(button->iconSize.width()),
+            quint32(button->iconSize.height()),
+        };
+        const QFont &font = painter->font();
+        const QString key = lookKey(look, option) + fontKey(font) + button->text;
+        return drawCopy(key, option, painter, widget, [&](QPainter *copyPainter) {
+            drawControlAnew(CE_PushButton, option, copyPainter, widget);
+        });
     }
 
     static void drawFocusFrame(const QRect &rect, QPainter *painter, const QWidget *widget) {

@@ -145,6 +145,52 @@ private:
     }
 };
 
+// The room the points display takes in the row of buttons. A label whose text changes has the
+// whole page laid out again, each time the pupil answers; in its own room only the room hears of
+// it, and the page is laid out again only when the display needs another size (a count that
+// gains a digit, another font).
+class PointsRoom : public QWidget {
+public:
+    PointsRoom(QLabel *display, QWidget *parent)
+        : QWidget(parent)
+        , display_(display) {
+        display->setParent(this);
+        display->installEventFilter(this);
+    }
+
+    void setText(const QString &text) {
+        const std::pair<QSize, QSize> given = known_;
+        display_->setText(text);
+        if (hints() != given)
+            updateGeometry();
+    }
+
+    QSize sizeHint() const override { return hints().first; }
+    QSize minimumSizeHint() const override { return hints().second; }
+
+protected:
+    void resizeEvent(QResizeEvent *) override { display_->setGeometry(rect()); }
+    bool eventFilter(QObject *, QEvent *e) override {
+        if (e->type() == QEvent::FontChange)
+            updateGeometry();
+        // The room comes and goes with the display.
+        if (e->type() == QEvent::ShowToParent || e->type() == QEvent::HideToParent)
+            setVisible(e->type() == QEvent::ShowToParent);
+        return false;
+    }
+
+private:
+    std::pair<QSize, QSize> hints() const {
+        const QSize least = display_->minimumSize();
+        known_ = {display_->sizeHint().expandedTo(least),
+                  display_->minimumSizeHint().expandedTo(least)};
+        return known_;
+    }
+
+    QLabel *display_;
+    mutable std::pair<QSize, QSize> known_; // the hints the layout was last given
+};
+
 const QList<ExplanationItem> kExplanation = {
     {QStringLiteral(":/button-next.svg"),
      {},
@@ -164,8 +210,7 @@ LessonPage::LessonPage(int page, Course &course, double zoomFactor)
     , info_(pageInfo(page)) {
     buildControls();
     // The points display follows the points as they are counted.
-    connect(&course_, &Course::pointsChanged, this,
-            [this] { pointsLabel->setText(course_.pointsText()); });
+    connect(&course_, &Course::pointsChanged, this, &LessonPage::showPoints);
 }
 
 void LessonPage::buildControls() {
@@ -382,7 +427,7 @@ void LessonPage::setupButtons(QGridLayout *grid) {
     buttons->addWidget(nextPageButton);
     buttons->addStretch(1);
     buttons->addWidget(pointsHeading);
-    buttons->addWidget(pointsLabel);
+    buttons->addWidget(new PointsRoom(pointsLabel, central));
     z.addSpacing(buttons, 16);
     buttons->addWidget(endButton);
     grid->addLayout(buttons, 5, 0, 1, 3);
@@ -414,7 +459,11 @@ void LessonPage::onLoad() {
 void LessonPage::onActivate() {
     course_.formStartFilePath();
     course_.setCurrentPage(static_cast<std::int16_t>(info_.number));
-    pointsLabel->setText(course_.pointsText());
+    showPoints();
+}
+
+void LessonPage::showPoints() {
+    static_cast<PointsRoom *>(pointsLabel->parentWidget())->setText(course_.pointsText());
 }
 
 void LessonPage::findCurrentQuestion() {

@@ -85,6 +85,8 @@ protected:
 private:
     void evaluateAnswer();
     void findCurrentQuestion();
+    // The points in the points display.
+    void showPoints();
     void checkAnswerPace(int minimumSeconds);
     bool anyVisible(const std::vector<int> &pictures) const;
     // What a screen reader says with the answer field: the page, the question and its options.

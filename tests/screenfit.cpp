@@ -158,6 +158,13 @@ QRect textArea(const QLabel *label) {
     return {label->mapTo(label->window(), drawn.topLeft()), drawn.size()};
 }
 
+// A plain widget that only holds controls and draws nothing of its own: its controls are what a
+// text may run into.
+bool isHolder(const QWidget *w) {
+    return w->metaObject() == &QWidget::staticMetaObject && !w->autoFillBackground() &&
+           !w->findChildren<QWidget *>(Qt::FindDirectChildrenOnly).isEmpty();
+}
+
 // Every control a label's text runs into or touches, other than its own parents; of another
 // label, its text.
 QStringList crowding(const QLabel *label, const QList<QWidget *> &shown) {
@@ -167,7 +174,8 @@ QStringList crowding(const QLabel *label, const QList<QWidget *> &shown) {
     QStringList found;
     const QWidget *layer = layerOf(label);
     for (const QWidget *w : shown) {
-        if (w == label || w->isAncestorOf(label) || label->isAncestorOf(w) || layerOf(w) != layer)
+        if (w == label || w->isAncestorOf(label) || label->isAncestorOf(w) || layerOf(w) != layer ||
+            isHolder(w))
             continue;
         const auto *other = qobject_cast<const QLabel *>(w);
         QRect rect = other ? textArea(other) : QRect();

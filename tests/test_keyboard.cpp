@@ -17,6 +17,7 @@
 #include "shell.h"
 #include "testsupport.h"
 #include "theme.h"
+#include "widgets.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -25,10 +26,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPixmapCache>
 #include <QPushButton>
 #include <QRegularExpression>
 
 #include <cmath>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -386,6 +389,80 @@ private Q_SLOTS:
             }
         }
         QVERIFY(texts > 0);
+    }
+
+    // Buttons are drawn once for each look and then copied: a button that differs from another
+    // in its picture, its caption, its colour and state or its focus frame is drawn as itself,
+    // whichever of the two was drawn first, over the colour behind it.
+    void buttonCopies_data() {
+        QTest::addColumn<QString>("picture");
+        QTest::addColumn<QString>("caption");
+        QTest::addColumn<bool>("active");
+        QTest::addColumn<bool>("focused");
+        QTest::addColumn<QString>("behind");
+        QTest::newRow("another picture")
+            << u":/button-end.svg"_s << u""_s << true << false << u""_s;
+        QTest::newRow("a caption") << u""_s << u">>"_s << true << false << u""_s;
+        QTest::newRow("switched off") << u":/button-next.svg"_s << u""_s << false << false << u""_s;
+        QTest::newRow("focused") << u":/button-next.svg"_s << u""_s << true << true << u""_s;
+        QTest::newRow("another page colour")
+            << u":/button-next.svg"_s << u""_s << true << false << u"#ffe9a0"_s;
+    }
+    void buttonCopies() {
+        QFETCH(QString, picture);
+        QFETCH(QString, caption);
+        QFETCH(bool, active);
+        QFETCH(bool, focused);
+        QFETCH(QString, behind);
+        // A page filled in a colour of its own; the buttons lie in a panel of the page that
+        // fills nothing and gives them the colours of the model's page.
+        const auto host = [](const QString &colour) {
+            auto *w = new QWidget;
+            w->setAutoFillBackground(true);
+            w->setBackgroundRole(QPalette::Base);
+            QPalette palette = w->palette();
+            palette.setColor(QPalette::Base, QColor(colour.isEmpty() ? u"#f0f0f0"_s : colour));
+            w->setPalette(palette);
+            w->resize(240, 120);
+            auto *panel = new QWidget(w);
+            palette.setColor(QPalette::Base, QColor(u"#f0f0f0"_s));
+            panel->setPalette(palette);
+            panel->setGeometry(w->rect());
+            return w;
+        };
+        const auto button = [](QWidget *page, const QString &icon, const QString &text) {
+            QWidget *panel = page->findChild<QWidget *>();
+            QPushButton *b = icon.isEmpty() ? new QPushButton(text, panel)
+                                            : pictureButton(icon, u"b"_s, panel, 40);
+            b->setGeometry(10, 10, 90, 60);
+            return b;
+        };
+        std::unique_ptr<QWidget> left(host({}));
+        std::unique_ptr<QWidget> right(host(behind));
+        QPushButton *model = button(left.get(), u":/button-next.svg"_s, {});
+        setActive(model, true);
+        QPushButton *other = button(right.get(), picture, caption);
+        setActive(other, active);
+        left->show();
+        right->show();
+        QVERIFY(QTest::qWaitForWindowExposed(right.get()));
+        if (focused) {
+            right->activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(right.get()));
+            other->setFocus();
+            QVERIFY(other->hasFocus());
+        }
+        // Each order once: the copy drawn first must not stand in for the other.
+        const QImage modelFirst = model->grab().toImage();
+        const QImage otherSecond = other->grab().toImage();
+        QPixmapCache::clear();
+        const QImage otherFirst = other->grab().toImage();
+        const QImage modelSecond = model->grab().toImage();
+        QCOMPARE(otherSecond, otherFirst);
+        QCOMPARE(modelSecond, modelFirst);
+        QVERIFY(otherFirst != modelFirst);
+        // The corners show the colour behind the button.
+        QCOMPARE(otherFirst.pixelColor(0, 0), right->palette().color(QPalette::Base));
     }
 };
 
