@@ -18,6 +18,7 @@
 #include <QStyleOption>
 #include <QTimer>
 #include <QTranslator>
+#include <QWindow>
 
 #include <algorithm>
 #include <array>
@@ -279,10 +280,12 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override {
-        if (event->type() == QEvent::Paint && watched->isWidgetType() &&
-            static_cast<QWidget *>(watched)->isWindow()) {
+        // A window put on the screen is drawn as its expose event is handled: the icon follows
+        // once that is done. (The screens lie in the window of the pages and are no windows of
+        // their own; the window of the pages draws nothing itself.)
+        const auto *window = qobject_cast<QWindow *>(watched);
+        if (event->type() == QEvent::Expose && window && window->isExposed()) {
             QCoreApplication::instance()->removeEventFilter(this);
-            // After the drawing has reached the screen.
             QTimer::singleShot(0, this, [this] {
                 QApplication::setWindowIcon(QIcon(QStringLiteral(":/org.kelvora.Kelvora.svg")));
                 deleteLater();

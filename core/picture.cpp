@@ -72,14 +72,19 @@ struct SharedText {
         }
         return unwrapped;
     }
-    // Gives the images the resolution at which they are drawn at this zoom.
+    // Gives the images the resolution at which they are drawn at this zoom. An image is read
+    // once per run; its icon keeps the sizes it has drawn.
     void drawImagesAt(double zoom) {
         if (images.isEmpty() || imageZoom == zoom)
             return;
         imageZoom = zoom;
+        static RunCache<QString, QIcon> icons;
         for (const TextImage &image : std::as_const(images)) {
+            QIcon &icon = icons[image.source];
+            if (icon.isNull())
+                icon = QIcon(image.source);
             document.addResource(QTextDocument::ImageResource, QUrl(image.source),
-                                 QIcon(image.source).pixmap(image.size * zoom));
+                                 icon.pixmap(image.size * zoom));
         }
     }
 };

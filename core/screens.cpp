@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QFont>
 #include <QGuiApplication>
 #include <QMap>
 #include <QPointer>
@@ -18,6 +19,7 @@
 #include <QWindow>
 
 #include <cmath>
+#include <memory>
 
 namespace {
 
@@ -225,6 +227,43 @@ Form *build(ScreenId id, const Screens::Factory &factory) {
     return factory(factor);
 }
 
+// The sizes the window of the pages is most likely to take next: full screen (F11) and
+// maximised. Once per run and screen a throwaway copy of the shown screen is drawn unseen at each
+// of them that is larger than the window now, so that the fonts, pictures and icons of that zoom
+// are ready when the pupil enlarges the window; a window enlarged to a size of its own still
+// draws them anew. A pupil enlarges the window soon or not at all: this comes before the screens
+// that may follow are prepared.
+bool warmLargerSizes(Form *page) {
+    static QList<std::pair<ScreenId, QSize>> warmed;
+    const QWidget *window = page->window();
+    QScreen *screen = window->screen();
+    if (!screen)
+        return false;
+    const QList<QSize> likely = {screen->geometry().size(), usableArea(screen, window).size()};
+    for (const QSize &size : likely) {
+        if (warmed.contains({page->screenId(), size}) || size.width() <= page->width() ||
+            size.height() <= page->height())
+            continue;
+        warmed.append({page->screenId(), size});
+        const Screens::Factory factory = layer().factories.value(page->screenId());
+        if (!factory)
+            return false;
+        const std::unique_ptr<Form> copy(factory(page->factorFor(size)));
+        copy->zoomFor(size);
+        copy->warmUp();
+        // Its fonts are kept, and with them the glyphs drawn at that zoom, which would otherwise
+        // go with the copy's last font.
+        static QList<QFont> fonts;
+        const auto widgets = copy->findChildren<QWidget *>();
+        for (const QWidget *w : widgets) {
+            if (!fonts.contains(w->font()))
+                fonts.append(w->font());
+        }
+        return true;
+    }
+    return false;
+}
+
 // Builds the next of the screens the shown page names that is neither loaded nor prepared; one
 // each time, so that a key the pupil presses meanwhile waits for one screen at most. A prepared
 // screen stays outside every window, so that nothing sees it before it is shown.
@@ -237,6 +276,8 @@ bool prepareOne() {
         page->warmUp();
         return true;
     }
+    if (warmLargerSizes(page))
+        return true;
     const QList<ScreenId> likely = page->likelyNext();
     for (auto it = l.spares.begin(); it != l.spares.end();) {
         if (!likely.contains(it.key()) || !it.value()) {
