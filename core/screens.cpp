@@ -7,11 +7,13 @@
 
 #include <QAccessibleWidget>
 #include <QApplication>
+#include <QBackingStore>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QFont>
 #include <QGuiApplication>
 #include <QMap>
+#include <QPainter>
 #include <QPointer>
 #include <QScreen>
 #include <QStyle>
@@ -19,6 +21,7 @@
 #include <QWindow>
 
 #include <cmath>
+#include <functional>
 #include <memory>
 
 namespace {
@@ -264,6 +267,45 @@ bool warmLargerSizes(Form *page) {
     return false;
 }
 
+// Paints into a window's image directly, unseen until the window next shows what it drew.
+void paintStore(QBackingStore *store, const std::function<void(QPainter &)> &paint) {
+    store->beginPaint(QRect(QPoint(), store->size()));
+    {
+        QPainter painter(store->paintDevice());
+        paint(painter);
+    }
+    store->endPaint();
+}
+
+// On X11 the window's image is memory shared with the X server. When the window grows beyond it,
+// a new image is made, and the system clears its memory as the first frame at the new size
+// touches it: several milliseconds at full screen, late for that frame. Qt keeps an image that is
+// larger than needed as long as the window is more than half as large. So once per window the
+// window of the pages is given an image of the screen's size unseen, its memory touched, then
+// drawn again at its own size; enlarged later, it draws into memory that is ready.
+bool growWindowImage(QWidget *window) {
+    static QPointer<QWidget> grown;
+    QBackingStore *store = window->backingStore();
+    const QWindow *handle = window->windowHandle();
+    if (grown == window || !store || !handle || !handle->isExposed() || !window->screen() ||
+        QGuiApplication::platformName() != QLatin1String("xcb"))
+        return false;
+    const QSize own = store->size();
+    const QSize full = window->screen()->geometry().size();
+    const qint64 ownArea = qint64(own.width()) * own.height();
+    const qint64 fullArea = qint64(full.width()) * full.height();
+    if (fullArea <= ownArea || 2 * ownArea <= fullArea)
+        return false;
+    grown = window;
+    store->resize(full);
+    paintStore(store, [&](QPainter &painter) {
+        painter.fillRect(QRect(QPoint(), full), window->palette().window());
+    });
+    store->resize(own);
+    paintStore(store, [window](QPainter &painter) { window->render(&painter); });
+    return true;
+}
+
 // Builds the next of the screens the shown page names that is neither loaded nor prepared; one
 // each time, so that a key the pupil presses meanwhile waits for one screen at most. A prepared
 // screen stays outside every window, so that nothing sees it before it is shown.
@@ -276,7 +318,7 @@ bool prepareOne() {
         page->warmUp();
         return true;
     }
-    if (warmLargerSizes(page))
+    if (warmLargerSizes(page) || growWindowImage(page->window()))
         return true;
     const QList<ScreenId> likely = page->likelyNext();
     for (auto it = l.spares.begin(); it != l.spares.end();) {
