@@ -12,6 +12,7 @@
 #include "lessonpage.h"
 #include "messagebox.h"
 #include "picture.h"
+#include "screens.h"
 #include "shell.h"
 #include "testsupport.h"
 #include "zoom.h"
@@ -226,9 +227,18 @@ void setUpEveryScreen() {
     };
 }
 
-void resizeTo(Form *form, QSize size) {
+QStringList misfitsShownAt(ScreenId id, QSize size) {
+    Form *form = Screens::show(id);
+    if (!form || !QTest::qWaitForWindowExposed(form))
+        return {u"%1 not shown"_s.arg(formName(id))};
     form->window()->resize(size);
+    if (!QTest::qWaitFor([&] {
+            return form->window()->size() == size &&
+                   form->zoom().factor() == form->factorFor(form->size());
+        }))
+        return {u"window %1 for %2"_s.arg(text(form->window()->size()), text(size))};
     settle();
+    return misfitsThroughout(form);
 }
 
 QStringList misfits(QWidget *screen) {

@@ -69,11 +69,7 @@ private Q_SLOTS:
         QFETCH(int, screen);
         QFETCH(QSize, size);
         TestProgramme programme;
-        Form *form = Screens::show(ScreenId(screen));
-        QVERIFY(QTest::qWaitForWindowExposed(form));
-        resizeTo(form, size);
-        const QStringList found = misfitsThroughout(form);
-        QVERIFY2(found.isEmpty(), qPrintable(found.join(u"\n"_s)));
+        VERIFY_NO_MISFITS(misfitsShownAt(ScreenId(screen), size));
     }
 
     // A word-wrapped label keeps the heights it measured until a new text, font or margin, after
@@ -123,7 +119,7 @@ private Q_SLOTS:
         QVERIFY(std::abs(window->frameGeometry().center().x() - available.center().x()) <= 2);
         // The frame's height is only known once it is there: centred as far as it was foreseen.
         QVERIFY(std::abs(window->frameGeometry().center().y() - available.center().y()) <= 16);
-        VERIFY_FITS(page);
+        VERIFY_NO_MISFITS(misfits(page));
     }
 
     void windowCarriedAcross_data() {
@@ -189,7 +185,7 @@ private Q_SLOTS:
         QCOMPARE(after->size(), size);
         QCOMPARE(after->zoom().factor(), factor);
         QCOMPARE(window->windowTitle(), after->windowTitle());
-        VERIFY_FITS(after);
+        VERIFY_NO_MISFITS(misfits(after));
 
         // Restored, the window has its normal place and size.
         window->setWindowState(Qt::WindowNoState);
@@ -240,7 +236,7 @@ private Q_SLOTS:
         if (available.contains(centred))
             QVERIFY2(offset.manhattanLength() <= 2,
                      qPrintable(u"%1,%2"_s.arg(offset.x()).arg(offset.y())));
-        VERIFY_FITS(over);
+        VERIFY_NO_MISFITS(misfits(over));
     }
 
     void fullScreenKey_data() {
@@ -285,7 +281,7 @@ private Q_SLOTS:
         QTRY_COMPARE(window->frameGeometry(), window->screen()->geometry());
         settle();
         QCOMPARE(page->zoom().factor(), page->factorFor(page->size()));
-        VERIFY_FITS(page);
+        VERIFY_NO_MISFITS(misfits(page));
         if (panel) {
             // The cover over the page lies over the bands beside it too, and goes with it.
             const auto band = [page] {
