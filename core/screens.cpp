@@ -3,6 +3,7 @@
 
 #include "keyboard.h"
 #include "messagebox.h"
+#include "runcache.h"
 #include "zoom.h"
 
 #include <QAccessibleWidget>
@@ -254,14 +255,12 @@ bool warmLargerSizes(Form *page) {
         const std::unique_ptr<Form> copy(factory(page->factorFor(size)));
         copy->zoomFor(size);
         copy->warmUp();
-        // Its fonts are kept, and with them the glyphs drawn at that zoom, which would otherwise
-        // go with the copy's last font.
-        static QList<QFont> fonts;
+        // Its fonts are kept for the run, and with them the glyphs drawn at that zoom, which
+        // would otherwise go with the copy's last font.
+        static RunCache<QFont, bool> fonts;
         const auto widgets = copy->findChildren<QWidget *>();
-        for (const QWidget *w : widgets) {
-            if (!fonts.contains(w->font()))
-                fonts.append(w->font());
-        }
+        for (const QWidget *w : widgets)
+            fonts[w->font()] = true;
         return true;
     }
     return false;
